@@ -1,0 +1,26 @@
+#pragma once
+
+#include "host/basics.h"
+
+/// What panels report, and at which level.
+namespace frame {
+
+namespace level {
+constexpr int memory = 1;
+constexpr int handler_trace = 16;     ///< event handlers of the tag, brush, propagate and histogram panels
+constexpr int internal_trace = 17;    ///< what those handlers call
+}
+
+/// Tells that `new` failed. @param source the source's name, without its ending
+inline void report_new_failed(int line, const char* source)
+{
+    Error_Fct(hwnd, level::memory, "line %-4d of %s \nmemory error in new", line, source);
+}
+
+/// Tells that `strdup` failed. @param variable the expression that was to be filled
+inline void report_strdup_failed(int line, const char* source, const char* variable)
+{
+    Error_Fct(hwnd, level::memory, "line %-4d of %s \nmemory error in strdup (var=%s)", line, source, variable);
+}
+
+}

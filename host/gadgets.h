@@ -1,0 +1,279 @@
+#pragma once
+
+#include "platform/windows_api.h"
+
+#ifdef GADGETS_BUILD
+#define GADGETS_API VETRA_EXPORT
+#else
+#define GADGETS_API VETRA_IMPORT
+#endif
+
+// The host's widget library, as far as the panels call it. A host supplies it as the library `Gadgets`.
+//
+// One axis for everything: x and y are the lower-left corner of a widget, counted from the lower-left corner of the
+// client area of its window, y growing upward, in pixels.
+//
+// Widgets are plain values: all numbers 0 and all pointers null is a valid, empty widget, and a widget without a
+// window draws nothing and takes no event. Events carry no position: a widget asks where the host recorded the
+// pointer (Y_Cursor).
+
+// ---------------------------------------------------------------------------------------------- drawing context
+
+GADGETS_API extern HDC Y_DC;                       ///< the context being drawn in, null outside Y_setup .. Y_release
+GADGETS_API extern HWND Y_Window;                  ///< the window that Y_DC belongs to
+GADGETS_API extern int YCursor_X;                  ///< the recorded pointer, screen coordinates (y downward)
+GADGETS_API extern int YCursor_Y;                  ///< see YCursor_X
+GADGETS_API extern COLORREF Current_Color;         ///< 0x00BBGGRR
+GADGETS_API extern CRITICAL_SECTION Critical;      ///< guards Y_DC; initialised by the first Y_setup
+GADGETS_API extern unsigned char Critical_Flag;    ///< 1 once Critical is initialised
+GADGETS_API extern short SPACE;                    ///< the library's spacing between widgets, pixels
+GADGETS_API extern short BORDER;                   ///< the library's frame width, pixels
+
+/// Opens the drawing context of a window: enters Critical, takes the window's device context into Y_DC and maps it so
+/// that y grows upward from the lower-left corner of the client area. On the window that is already set up only a
+/// depth is counted (same context, same clip); another window's context is put aside until Y_release.
+///
+/// A failure to get the context is reported at level 11 ("Y_setup(%s) GetDC failed", the caller or "---"). Y_release
+/// must be called all the same, because Critical is held.
+///
+/// @return 1, or 0 when there is no context
+GADGETS_API int Y_setup(HWND window, const char* caller);
+
+/// Closes what the matching Y_setup opened; the outermost one gives the context back, clears Y_DC and Y_Window and
+/// leaves Critical. Reports "Y_release() Failed!" at level 11 when the context cannot be given back.
+GADGETS_API void Y_release();
+
+/// Records the pointer: the client point (x, y) of the window (y downward), or the screen's cursor when both are 0.
+GADGETS_API void Y_Cursor(HWND window, int x, int y);
+
+/// A font. @param name UTF-8 family, null or empty for the platform's own; @param scale size in points;
+/// @param weight "bold", or null or empty. The caller deletes it with DeleteObject.
+GADGETS_API HFONT Y_Create_Font(const char* name, short scale, const char* weight);
+
+/// Whether a key or mouse button is down (platform virtual-key code: 1 left, 2 right, 4 middle button, 16 Shift,
+/// 17 Control). @return non-zero when it is
+GADGETS_API int getkey(int key);
+GADGETS_API int getbutton(int button);
+
+// ------------------------------------------------------------------------------------------------------ widgets
+
+/// A colour, 8 bits a channel.
+struct GADGETS_API Colors {
+    unsigned char red = 0;
+    unsigned char green = 0;
+    unsigned char blue = 0;
+
+    unsigned get() const;    ///< packed as the platform's colour value, 0x00BBGGRR
+    bool operator==(const Colors&) const = default;
+};
+
+/// A text that a widget owns. Empty (null) is valid; a copy has a text of its own. When memory runs out the text
+/// becomes empty.
+class GADGETS_API Caption {
+public:
+    Caption() = default;
+    Caption(const Caption&);
+    Caption(Caption&&) noexcept;
+    Caption& operator=(const Caption&);
+    Caption& operator=(Caption&&) noexcept;
+    ~Caption();
+
+    void set(const char* text);                               ///< null empties it
+    const char* get() const { return text_ ? text_ : ""; }    ///< never null
+
+private:
+    char* text_ = nullptr;
+};
+
+/// The base of the widgets: a rectangle in a window, with its colours, font and caption.
+///
+/// `state` is the widget state word. For all widgets but boxes: bits 0 and 1 inactive (not hit), bit 5 greyed (not
+/// hit; shown), so that without bit 5 an inactive slider, editor or button is not shown either. Bit 2 vertical;
+/// bit 20 the pressed mark is shown; bit 22 a row button, whose face has the widget's own colour; bit 25 a valuator
+/// shows its number; bit 26 a vertical slider has its minimum at the top; bit 27 a scroll bar; bit 31 an editor that
+/// lies over another widget. Bits 8 and 13: text at the left, vertically centred.
+class GADGETS_API Tools {
+public:
+    HWND window = nullptr;
+    short x = 0;
+    short y = 0;
+    short width = 0;
+    short height = 0;
+    short border = 0;        ///< width of the frame, pixels
+    unsigned state = 0;
+    Colors frame;            ///< frame, marks and lines
+    Colors back;             ///< background
+    Colors text;             ///< caption
+    Colors color;            ///< the widget's own colour, e.g. a row button's face
+    HFONT font = nullptr;    ///< not owned; null for the platform's own
+    Caption name;
+
+    void Set_Name(const char* caption);
+    void Set_Color(unsigned char red, unsigned char green, unsigned char blue);
+
+    /// Fills the widget's rectangle with a colour.
+    void Clear(Colors fill);
+
+    /// Whether the recorded pointer lies in the rectangle, grown by dx and dy on every side.
+    bool Pointer_Inside(short dx = 0, short dy = 0) const;
+
+    bool Active() const { return (state & 35u) == 0; }
+    bool Shown() const { return (state & 32u) != 0 || (state & 3u) == 0; }
+
+protected:
+    void Set_Window(HWND owner);    ///< null keeps the window that the widget has
+};
+
+/// A rectangle with a frame and a background; also how a host hands a panel its area. Bits 0, 1 and 5 of its state
+/// change neither drawing nor hits. Bit 4 draws the frame sunken, bit 6 fills the background.
+class GADGETS_API Boxs : public Tools {
+public:
+    void Init(HWND owner);
+    void Draw();
+
+    /// Whether the pointer is inside. @return non-zero when it is; nothing else happens
+    int Select(int up_down);
+};
+
+/// The four state pictures of a button: width x height pixels each, blue in the low byte, then green, then red.
+class GADGETS_API Pictures {
+public:
+    Pictures() = default;
+    Pictures(const Pictures&);
+    Pictures(Pictures&&) noexcept;
+    Pictures& operator=(const Pictures&);
+    Pictures& operator=(Pictures&&) noexcept;
+    ~Pictures();
+
+    /// Makes room for four pictures, all pixels 0. @return false when memory runs out; there are none then
+    bool allocate(int width, int height);
+    void release();
+
+    /// The pixels of picture 0 to 3, row by row; null when there are none.
+    unsigned* pixels(int picture);
+    const unsigned* pixels(int picture) const;
+
+    int width() const { return width_; }
+    int height() const { return height_; }
+
+private:
+    unsigned* pixels_ = nullptr;
+    int width_ = 0;
+    int height_ = 0;
+};
+
+/// A push button, or with state bit 22 a row button of a list.
+class GADGETS_API Buttons : public Tools {
+public:
+    unsigned short cur = 0;        ///< current mark: 1 for the current item
+    unsigned short pressed = 0;    ///< pressed mark: the item's on-off state
+    unsigned short shown = 0;      ///< the picture on the screen + 1; 0 when nothing is shown yet
+
+    /// Takes the window and makes the pictures stale. Null keeps the window.
+    void Init(HWND owner);
+    void Draw();
+
+    /// Draws the button again when it does not show the picture of its present state.
+    void Adjust();
+
+    /// A mouse event. @return non-zero when the button is active, the pointer inside, and `up_down` is a press (bit 1)
+    /// or the question 4. Other words only move the highlight.
+    int Select(int up_down);
+    void Deselect();
+
+    /// The pixels of state picture 1 normal, 2 highlighted, 3 pressed, 4 current: width x height, the top row first.
+    /// The pictures are built when first asked for after an Init. Inside the frame (the wider of `border` and BORDER)
+    /// pictures 2 and 4 differ at every pixel and picture 3 has no black pixel. Null when there is no memory or no area.
+    unsigned* Picture(int number);
+
+private:
+    unsigned short highlight_ = 0;    // 0 none, 1 pointer over, 2 held down
+    Pictures pictures_;
+    bool Pictures_Build();
+    int Picture_To_Show() const;
+};
+
+/// A slider. Horizontal with its minimum at the left, or vertical (state bit 2) with its minimum at the bottom, or with
+/// bit 26 at the top.
+class GADGETS_API Sliders : public Tools {
+public:
+    float value = 0;
+    float minimum = 0;
+    float maximum = 0;
+    float step = 0;     ///< of one wheel notch
+    float thumb = 0;    ///< share of the length that the thumb takes, 0 to 1; set by Larg_Adjust
+
+    void Init(HWND owner);
+    void Draw();
+
+    /// Sets the thumb's proportion to visible / total of the track.
+    void Larg_Adjust(float visible, float total);
+
+    /// A mouse event. A press inside grabs the thumb; while it is grabbed, motions with a held button are taken.
+    /// @return non-zero when the slider takes the event (Read then gives the new value)
+    int Select(int up_down);
+
+    /// Moves the thumb to the pointer, after a Select that took the event. @return the new value
+    float Read();
+
+    /// Moves the thumb `amount` steps down (vertical) or right (horizontal), within the range, and draws it.
+    /// @return 1 when the value changed
+    int Scroll(int amount);
+    void Deselect();
+
+private:
+    short grip_ = 0;                 // where on the thumb the pointer holds it, pixels from the thumb's start
+    unsigned char grabbed_ = 0;      // 1 between the press and the release, 2 before the first Read
+    unsigned char highlight_ = 0;    // the pointer is over
+    unsigned char drawn_ = 0;        // a visible slider is on the screen
+
+    bool Value_Grows_With_Position() const;
+    short Length() const;
+    short Thumb_Length() const;
+    short Thumb_Start() const;
+    short Pointer_Position() const;
+    float Value_At(float thumb_start) const;
+};
+
+/// A one-line text editor. At most one is active in a program.
+class GADGETS_API Texts : public Tools {
+public:
+    Texts() = default;
+    Texts(const Texts&);
+    Texts& operator=(const Texts&);
+    ~Texts();
+
+    void Init(HWND owner);
+    void Draw();
+    void Write();      ///< draws the text only
+    void Cleanup();    ///< gives the buffer back; the editor is empty afterwards
+
+    /// Loads a text: caret at its end, nothing finished.
+    void Read(const char* loaded);
+
+    /// Feeds a key: a character (Unicode), 8 Backspace, 13 finish, 27 cancel, or 2048 + virtual-key code.
+    void Input(int key);
+
+    /// The finished text, once; empty after a cancel; null while editing. Valid until the next Read or Input.
+    char* Update();
+
+    /// A mouse event, or with (1, 0, 0) the question whether the editor is active.
+    /// @return non-zero when it is active and the pointer is in its rectangle grown by dx and dy
+    int Select(int up_down, short dx, short dy);
+
+    const char* Content() const { return content_.get(); }    ///< what is being edited, at any time
+
+private:
+    Caption content_;
+    Caption loaded_;
+    short caret_ = 0;     // byte offset
+    short anchor_ = 0;    // other end of the selection, byte offset
+    short scroll_ = 0;    // pixels of text hidden at the left
+    unsigned char finished_ = 0;
+
+    void Insert(int character);
+    void Erase(int from, int to);
+    bool Erase_Selection();
+    void Move_Caret(int to);
+    int Offset_At_Pointer() const;
+};

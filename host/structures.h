@@ -1,0 +1,135 @@
+#pragma once
+
+#include "platform/windows_api.h"
+
+#ifdef STRUCTURES_BUILD
+#define STRUCTURES_API VETRA_EXPORT
+#else
+#define STRUCTURES_API VETRA_IMPORT
+#endif
+
+// The host's data-structure library, as far as the panels call it: shared variables, change broadcasting and the object
+// tree. A host supplies it as the library `Vetra_Structures`.
+
+class Strato_1D;
+class Strato_2D;
+class Strato_3D;
+class Strato_Window;
+struct Region_2D;
+
+// ------------------------------------------------------------------------------------------- variable registry
+
+/// The value of a variable, widened to pointer size: a scalar's number (signed ones sign-extended), an array's first
+/// element, an object's address.
+///
+/// @param name      UTF-8, with its leading "$"
+/// @param type      receives the host's code of the variable's type; may be null
+/// @param count     receives the number of elements; may be null
+/// @param callback  receives the function that the host calls on a change; may be null
+/// @return null when there is no such variable, or its number is 0, or it has no array or object
+STRUCTURES_API void* Fct_Variable_Value(const char* name, int* type, unsigned short* count, int (**callback)(void));
+
+/// The address of a variable's storage (for an array: of the array pointer). It never changes for the life of the
+/// process. Arguments as for Fct_Variable_Value.
+///
+/// @param flag  1 creates the variable, zero, when it does not exist; 0 only looks it up
+/// @return null when there is no such variable
+STRUCTURES_API void* Fct_Variable_Get(
+    const char* name, int* type, unsigned short* count, int (**callback)(void), char flag);
+
+// --------------------------------------------------------------------------------------------------- broadcasts
+
+/// Tells every panel and view what changed. The host must deliver it after the panel call that sends it has returned;
+/// an identical word that already waits is not queued again, and different words are never merged.
+///
+/// @param flags  the change-flag word; the other arguments are for the host's own use, panels pass null
+STRUCTURES_API void Fct_Update(unsigned long long flags, void*, void*, Region_2D*);
+
+/// Asks for a repaint of the views in the mask, after the panel call that asks has returned.
+STRUCTURES_API void Fct_Redraw(unsigned long long mask, void*, void*, Region_2D*);
+
+/// Makes a window show another frame. At once: the window shows `new_frame` and `"$FRAME_CUR"` names it; then bit 21 is
+/// broadcast. Does nothing when `window` or `new_frame` is null. `old_frame` is informative.
+STRUCTURES_API void Fct_Change_Child(Strato_Window* window, Strato_2D* new_frame, Strato_2D* old_frame);
+
+// -------------------------------------------------------------------------------------------------- object tree
+
+/// An object of the host. Panels keep addresses of objects and never free them.
+class STRUCTURES_API Strato {
+public:
+    Strato(const Strato&) = delete;
+    Strato& operator=(const Strato&) = delete;
+
+    /// What kind of object this is: 0xAABA for a 2D frame that can be shown.
+    unsigned Class_Magic_Get() const;
+
+    /// Option bits: 0x1FFF, 0x2FFF, 0x3FFF for selectable leaves; for a window, bit 1 locks its selection.
+    unsigned Class_A_Get() const;
+
+    /// The object's number; for a window its index in `"$FRAME_CUR"`.
+    unsigned Class_B_Get() const;
+
+    const char* Name_Get() const;    ///< UTF-8, never null
+    void Name_Set(const char* name);
+    const char* Title_Get() const;    ///< the class of the object, UTF-8, never null
+
+    /// Whether any bit of `mask` is set in one of the object's flag words.
+    /// @param flag  bit 4 (16): of the object itself
+    /// @param word  the number of the flag word, as a pointer-sized value: 4 is the display state (bit 9 selected),
+    ///              8 the storage state (bit 28 modified)
+    int Flag_Get_Bit(unsigned char flag, void* word, unsigned long long mask) const;
+
+    /// Sets or clears bits. @param flag bit 4 (16) the object, bit 5 (32) and all its descendants, bit 6 (64) and all
+    /// its ancestors
+    void Flag_Set_On(unsigned char flag, void* word, unsigned long long mask);
+    void Flag_Set_Off(unsigned char flag, void* word, unsigned long long mask);
+
+    struct Record;    ///< what the host keeps of an object
+    Record* record() const { return record_; }
+
+protected:
+    explicit Strato(Record* record);
+    ~Strato();
+
+private:
+    Record* record_;
+};
+
+class STRUCTURES_API Strato_1D : public Strato {
+public:
+    using Strato::Strato;
+    int Child_Get_Nb() const;
+    Strato_1D* Child_Get_Pt(int index) const;    ///< null when there is no such child
+    Strato_1D* Parent_Get_Pt() const;            ///< null for the root
+};
+
+class STRUCTURES_API Strato_2D : public Strato {
+public:
+    using Strato::Strato;
+    int Child_Get_Nb() const;
+    Strato_2D* Child_Get_Pt(int index) const;
+    Strato_2D* Parent_Get_Pt() const;
+
+    /// The index of the child that the window shows; -1 when it shows none of them.
+    int Child_Get_Cur(Strato_Window* window) const;
+};
+
+class STRUCTURES_API Strato_3D : public Strato {
+public:
+    using Strato::Strato;
+    int Child_Get_Nb() const;
+    Strato_3D* Child_Get_Pt(int index) const;
+    Strato_3D* Parent_Get_Pt() const;
+};
+
+/// One image of a series.
+class STRUCTURES_API Strato_2D_Frame : public Strato_2D {
+public:
+    using Strato_2D::Strato_2D;
+};
+
+/// An image window of the host.
+class STRUCTURES_API Strato_Window : public Strato {
+public:
+    using Strato::Strato;
+};

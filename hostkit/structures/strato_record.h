@@ -1,0 +1,21 @@
+#pragma once
+
+#include "host/structures.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+// What the host keeps of an object. Children belong to their parent.
+struct Strato::Record {
+    unsigned magic = 0;
+    unsigned class_a = 0;
+    unsigned class_b = 0;
+    std::string name;
+    std::string title;
+    std::map<const void*, unsigned long long> flags;
+    Strato* parent = nullptr;
+    std::vector<Strato*> children;
+    int index = 0;    // among the parent's children
+    void (*destroy)(Strato*) = nullptr;
+};

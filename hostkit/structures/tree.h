@@ -1,0 +1,45 @@
+#pragma once
+
+#include "host/structures.h"
+
+#include <string>
+
+/// Building and changing the tree of objects: what the program does and panels only see.
+namespace hostkit {
+
+struct Object_Description {
+    std::string name;
+    std::string title;        ///< the class of the object, e.g. "Series"
+    unsigned class_a = 0;     ///< Strato::Class_A_Get
+    unsigned class_b = 0;     ///< Strato::Class_B_Get
+    unsigned magic = 0;       ///< Strato::Class_Magic_Get
+};
+
+constexpr unsigned frame_magic = 0xAABA;    ///< of a 2D frame that can be shown
+constexpr unsigned frame_class = 0x2FFF;    ///< a selectable leaf of the 2D tree
+
+constexpr unsigned long long series_tree_changed = 0x402;
+
+/// The root of the 2D objects, `"$DB_2D_ROOT_PT"`; made when it is first asked for.
+STRUCTURES_API Strato_2D* Root_2D();
+
+/// An object of the 2D tree as the last child of `parent`. The tree owns it. The caller sends the change (0x402) once
+/// everything is in place.
+STRUCTURES_API Strato_2D* Object_2D_Add(Strato_2D* parent, const Object_Description& description);
+STRUCTURES_API Strato_2D_Frame* Frame_Add(Strato_2D* series, const Object_Description& description);
+
+/// Takes an object with all its descendants out of the tree, lets no variable name any of them, tells the panels, and
+/// deletes them once nobody can be using them.
+STRUCTURES_API void Object_2D_Remove(Strato_2D* object);
+
+/// The position of an object among its parent's children; 0 for the root.
+STRUCTURES_API int Child_Index(const Strato* object);
+
+/// An image window, numbered in the order of making; counted in `"$WINDOW_NB"`. The first becomes `"$WINDOW_CUR"`.
+/// @throws std::length_error when there are 16 already
+STRUCTURES_API Strato_Window* Window_Add(const std::string& name);
+
+/// Removes all objects and windows and tells nobody: a fresh host.
+STRUCTURES_API void Tree_Reset();
+
+}
