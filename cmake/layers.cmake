@@ -5,7 +5,8 @@
 # folders that it names in vetra_layer() and no others.
 
 add_library(vetra_options INTERFACE)
-target_compile_options(vetra_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror -ffp-contract=off)
+# Designated initialisers leave out what has its usual value.
+target_compile_options(vetra_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Wno-missing-field-initializers -Werror -ffp-contract=off)
 if(VETRA_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
@@ -18,7 +19,7 @@ function(vetra_layer target)
     set(folder ${CMAKE_BINARY_DIR}/include/${layer})
     if(NOT EXISTS ${folder}/${layer})
       file(MAKE_DIRECTORY ${folder})
-      file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${layer} ${folder}/${layer} SYMBOLIC)
+      file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${layer} ${folder}/${layer} SYMBOLIC)
     endif()
     target_include_directories(${target} PRIVATE ${folder})
   endforeach()

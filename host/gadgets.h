@@ -169,7 +169,7 @@ public:
     unsigned short pressed = 0;    ///< pressed mark: the item's on-off state
     unsigned short shown = 0;      ///< the picture on the screen + 1; 0 when nothing is shown yet
 
-    /// Takes the window and makes the pictures stale. Null keeps the window.
+    /// Takes the window (null keeps the one it has) and makes the pictures stale.
     void Init(HWND owner);
     void Draw();
 
@@ -182,15 +182,20 @@ public:
     void Deselect();
 
     /// The pixels of state picture 1 normal, 2 highlighted, 3 pressed, 4 current: width x height, the top row first.
-    /// The pictures are built when first asked for after an Init. Inside the frame (the wider of `border` and BORDER)
-    /// pictures 2 and 4 differ at every pixel and picture 3 has no black pixel. Null when there is no memory or no area.
+    /// The pictures are built when first asked for after an Init: 2 and 4 differ at every pixel, 3 has no black one.
+    /// Null when there is no memory or no area.
     unsigned* Picture(int number);
 
 private:
-    unsigned short highlight_ = 0;    // 0 none, 1 pointer over, 2 held down
+    unsigned short highlight_ = 0;    // 1 the pointer is over, 2 held down
     Pictures pictures_;
-    bool Pictures_Build();
+
+    bool Row() const { return (state & 0x400000u) != 0; }
+    unsigned short Look() const;
     int Picture_To_Show() const;
+    bool Build_Pictures();
+    void Draw_Row();
+    void Draw_Picture();
 };
 
 /// A slider. Horizontal with its minimum at the left, or vertical (state bit 2) with its minimum at the bottom, or with
@@ -222,16 +227,17 @@ public:
     void Deselect();
 
 private:
-    short grip_ = 0;                 // where on the thumb the pointer holds it, pixels from the thumb's start
-    unsigned char grabbed_ = 0;      // 1 between the press and the release, 2 before the first Read
+    float grip_ = 0;                 // where the pointer holds the thumb, pixels from the thumb's start
+    unsigned char grabbed_ = 0;      // 2 after the press, 1 from the first Read to the release
     unsigned char highlight_ = 0;    // the pointer is over
     unsigned char drawn_ = 0;        // a visible slider is on the screen
 
-    bool Value_Grows_With_Position() const;
-    short Length() const;
-    short Thumb_Length() const;
-    short Thumb_Start() const;
-    short Pointer_Position() const;
+    bool Vertical() const;
+    bool Has_Range() const { return maximum > minimum; }
+    int Length() const;
+    int Thumb_Length() const;
+    float Thumb_Start() const;
+    float Pointer_Position() const;
     float Value_At(float thumb_start) const;
 };
 
@@ -266,14 +272,13 @@ public:
 private:
     Caption content_;
     Caption loaded_;
-    short caret_ = 0;     // byte offset
-    short anchor_ = 0;    // other end of the selection, byte offset
-    short scroll_ = 0;    // pixels of text hidden at the left
-    unsigned char finished_ = 0;
+    int caret_ = 0;     // byte offset
+    int anchor_ = 0;    // other end of the selection, byte offset
+    int scroll_ = 0;    // pixels of text hidden at the left
+    unsigned char finished_ = 0;    // 1 finished, 2 cancelled, until Update has told
 
-    void Insert(int character);
-    void Erase(int from, int to);
-    bool Erase_Selection();
+    void Edit(int key);
+    void Replace(int from, int to, const char* text);
     void Move_Caret(int to);
     int Offset_At_Pointer() const;
 };

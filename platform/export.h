@@ -11,9 +11,9 @@
 
 // Lets the compiler check the arguments of a printf-like function against its format.
 #if defined(__MINGW32__)
-#define VETRA_PRINTF(format, arguments) __attribute__((format(gnu_printf, format, arguments)))
+#define VETRA_PRINTF(text, first) __attribute__((format(gnu_printf, text, first)))
 #elif defined(__GNUC__)
-#define VETRA_PRINTF(format, arguments) __attribute__((format(printf, format, arguments)))
+#define VETRA_PRINTF(text, first) __attribute__((format(printf, text, first)))
 #else
-#define VETRA_PRINTF(format, arguments)
+#define VETRA_PRINTF(text, first)
 #endif

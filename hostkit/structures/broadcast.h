@@ -3,6 +3,7 @@
 #include "host/structures.h"
 
 #include <functional>
+#include <utility>
 
 /// Delivering what panels and the program send with Fct_Update and Fct_Redraw.
 ///

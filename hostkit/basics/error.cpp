@@ -1,0 +1,52 @@
+#include "hostkit/basics/report.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <exception>
+
+HWND hwnd = nullptr;
+signed char Flag_Trace = -1;
+
+namespace hostkit {
+Report_Sink& current_sink();
+}
+
+namespace {
+
+std::string formatted(const char* format, va_list arguments) VETRA_PRINTF(1, 0);
+
+std::string formatted(const char* format, va_list arguments)
+{
+    va_list again;
+    va_copy(again, arguments);
+    const int length = std::vsnprintf(nullptr, 0, format, again);
+    va_end(again);
+    std::string text(length > 0 ? static_cast<size_t>(length) : 0, ' ');
+    std::vsnprintf(text.data(), text.size() + 1, format, arguments);
+    return text;
+}
+
+bool is_wanted(int level)
+{
+    const auto& wants = hostkit::current_sink().also_wants;
+    return hostkit::Level_Is_Shown(level) || (wants && wants(level));
+}
+
+}
+
+// Traces come with every event: the level is tested before anything is formatted.
+int Error_Fct(HWND window, int level, const char* format, ...)
+{
+    if (!format || !is_wanted(level))
+        return 0;
+    va_list arguments;
+    va_start(arguments, format);
+    int shown = 0;
+    try {
+        shown = hostkit::current_sink().show({window, level, formatted(format, arguments)});
+    } catch (const std::exception&) {
+        std::fputs("A report could not be shown.\n", stderr);
+    }
+    va_end(arguments);
+    return shown;
+}

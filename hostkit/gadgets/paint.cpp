@@ -1,0 +1,192 @@
+#include "hostkit/gadgets/paint.h"
+
+#include <algorithm>
+
+namespace hostkit {
+
+namespace {
+
+// The device leaves out the row of the larger device coordinate: below the lowest one, as y grows upward.
+RECT to_rect(const Area& area)
+{
+    return {area.x, area.y + area.height - 1, area.x + area.width, area.y - 1};
+}
+
+std::basic_string<WCHAR> widened(std::string_view text)
+{
+    const int bytes = static_cast<int>(text.size());
+    const int units = bytes == 0 ? 0 : MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0);
+    std::basic_string<WCHAR> wide(static_cast<size_t>(units), WCHAR{});
+    if (units > 0)
+        MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, wide.data(), units);
+    return wide;
+}
+
+int measured(const std::basic_string<WCHAR>& text)
+{
+    SIZE size{};
+    GetTextExtentPoint32W(Y_DC, text.data(), static_cast<int>(text.size()), &size);
+    return size.cx;
+}
+
+bool is_second_half(WCHAR unit)
+{
+    return (unit & 0xfc00) == 0xdc00;
+}
+
+// A font that is selected for as long as this lives.
+class Selected_Font {
+public:
+    explicit Selected_Font(HFONT font) : before_(font ? SelectObject(Y_DC, font) : nullptr) {}
+    ~Selected_Font()
+    {
+        if (before_)
+            SelectObject(Y_DC, before_);
+    }
+    Selected_Font(const Selected_Font&) = delete;
+    Selected_Font& operator=(const Selected_Font&) = delete;
+
+private:
+    HGDIOBJ before_;
+};
+
+}
+
+Area area_of(const Tools& widget)
+{
+    return {widget.x, widget.y, widget.width, widget.height};
+}
+
+Colors blend(Colors one, Colors other, int share)
+{
+    const auto mixed = [share](int first, int second) {
+        return static_cast<unsigned char>((first * share + second * (255 - share)) / 255);
+    };
+    return {mixed(one.red, other.red), mixed(one.green, other.green), mixed(one.blue, other.blue)};
+}
+
+int lightness(Colors color)
+{
+    return (color.red * 30 + color.green * 59 + color.blue * 11) / 100;
+}
+
+Paint::Paint(HWND window, const char* caller) : open_(window != nullptr), ready_(window && Y_setup(window, caller)) {}
+
+Paint::~Paint()
+{
+    if (open_)
+        Y_release();
+}
+
+void Paint::fill(const Area& area, Colors color) const
+{
+    if (!ready_ || area.empty())
+        return;
+    const HBRUSH brush = CreateSolidBrush(color.get());
+    const RECT rectangle = to_rect(area);
+    FillRect(Y_DC, &rectangle, brush);
+    DeleteObject(brush);
+}
+
+void Paint::frame(const Area& area, int thickness, Colors color) const
+{
+    if (thickness <= 0 || area.empty())
+        return;
+    const int sides = std::max(area.height - 2 * thickness, 0);
+    fill({area.x, area.y, area.width, std::min(thickness, area.height)}, color);
+    fill({area.x, area.y + area.height - thickness, area.width, std::min(thickness, area.height)}, color);
+    fill({area.x, area.y + thickness, thickness, sides}, color);
+    fill({area.x + area.width - thickness, area.y + thickness, thickness, sides}, color);
+}
+
+// As much of the text as fits, with an ellipsis behind it.
+Paint::Wide Paint::fitted(const Wide& text, int width) const
+{
+    if (measured(text) <= width)
+        return text;
+    const WCHAR ellipsis = 0x2026;
+    size_t fits = 0;
+    for (size_t reach = text.size(); fits < reach;) {
+        const size_t middle = (fits + reach + 1) / 2;
+        if (measured(text.substr(0, middle) + ellipsis) <= width)
+            fits = middle;
+        else
+            reach = middle - 1;
+    }
+    if (fits > 0 && fits < text.size() && is_second_half(text[fits]))
+        --fits;
+    return fits == 0 ? Wide() : text.substr(0, fits) + ellipsis;
+}
+
+// Nothing of a line leaves its area.
+void Paint::line(const Area& area, const Wide& text, int x, Colors color) const
+{
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(Y_DC, &metrics);
+    const int state = SaveDC(Y_DC);
+    const RECT clip = to_rect(area);
+    IntersectClipRect(Y_DC, clip.left, clip.top, clip.right, clip.bottom);
+    SetBkMode(Y_DC, TRANSPARENT);
+    SetTextColor(Y_DC, color.get());
+    SetTextAlign(Y_DC, TA_LEFT | TA_TOP);
+    const int top = area.y + area.height - 1 - (area.height - metrics.tmHeight) / 2;
+    TextOutW(Y_DC, x, top, text.data(), static_cast<int>(text.size()));
+    RestoreDC(Y_DC, state);
+}
+
+void Paint::text(const Area& area, const char* text, HFONT font, Colors color) const
+{
+    if (!ready_ || area.empty())
+        return;
+    const Selected_Font selected(font);
+    line(area, fitted(widened(text), area.width), area.x, color);
+}
+
+void Paint::centred_text(const Area& area, const char* text, HFONT font, Colors color) const
+{
+    if (!ready_ || area.empty())
+        return;
+    const Selected_Font selected(font);
+    const Wide shown = fitted(widened(text), area.width);
+    line(area, shown, area.x + (area.width - measured(shown)) / 2, color);
+}
+
+void Paint::scrolled_text(const Area& area, std::string_view text, int hidden, HFONT font, Colors color) const
+{
+    if (!ready_ || area.empty())
+        return;
+    const Selected_Font selected(font);
+    line(area, widened(text), area.x - hidden, color);
+}
+
+int Paint::text_width(std::string_view text, HFONT font) const
+{
+    if (!ready_)
+        return 0;
+    const Selected_Font selected(font);
+    return measured(widened(text));
+}
+
+void Paint::picture(const Area& area, const unsigned* pixels) const
+{
+    if (!ready_ || area.empty() || !pixels)
+        return;
+    BITMAPINFO description{};
+    description.bmiHeader.biSize = sizeof description.bmiHeader;
+    description.bmiHeader.biWidth = area.width;
+    description.bmiHeader.biHeight = -area.height;
+    description.bmiHeader.biPlanes = 1;
+    description.bmiHeader.biBitCount = 32;
+    description.bmiHeader.biCompression = BI_RGB;
+    // Upward y would turn the picture over: it is copied in the device's own coordinates.
+    POINT corner{area.x, area.y + area.height - 1};
+    LPtoDP(Y_DC, &corner, 1);
+    const int state = SaveDC(Y_DC);
+    SetMapMode(Y_DC, MM_TEXT);
+    SetViewportOrgEx(Y_DC, 0, 0, nullptr);
+    StretchDIBits(Y_DC, corner.x, corner.y, area.width, area.height, 0, 0, area.width, area.height, pixels, &description,
+        DIB_RGB_COLORS, SRCCOPY);
+    RestoreDC(Y_DC, state);
+}
+
+}

@@ -1,0 +1,207 @@
+#include "hostkit/gadgets/paint.h"
+#include "hostkit/gadgets/text_editing.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <string>
+
+using hostkit::Area;
+using hostkit::blend;
+using hostkit::Paint;
+
+namespace {
+
+constexpr int backspace = 8;
+constexpr int enter = 13;
+constexpr int escape = 27;
+constexpr int first_navigation_key = 2081;
+constexpr int end_key = 2083;
+constexpr int home_key = 2084;
+constexpr int left_key = 2085;
+constexpr int right_key = 2087;
+constexpr int delete_key = 2094;
+constexpr int is_active_question = 1;
+constexpr int margin = 5;
+
+enum Finished : unsigned char { editing, finished, cancelled };
+
+bool is_printable(int key)
+{
+    const bool navigation = key >= first_navigation_key && key <= delete_key;
+    const bool half_of_a_pair = key >= 0xd800 && key <= 0xdfff;
+    return key >= 32 && key != 127 && key <= 0x10ffff && !navigation && !half_of_a_pair;
+}
+
+}
+
+Texts::Texts(const Texts&) = default;
+Texts& Texts::operator=(const Texts&) = default;
+
+Texts::~Texts()
+{
+    hostkit::Forget_Text(this);
+}
+
+void Texts::Init(HWND owner)
+{
+    Set_Window(owner);
+}
+
+void Texts::Cleanup()
+{
+    hostkit::Forget_Text(this);
+    Read(nullptr);
+    font = nullptr;
+}
+
+void Texts::Read(const char* loaded)
+{
+    loaded_.set(loaded);
+    content_ = loaded_;
+    caret_ = anchor_ = static_cast<int>(std::strlen(content_.get()));
+    scroll_ = 0;
+    finished_ = editing;
+    hostkit::Note_Active_Text(this);
+}
+
+char* Texts::Update()
+{
+    static char nothing[1] = "";
+    const int state_before = finished_;
+    finished_ = editing;
+    if (state_before == editing)
+        return nullptr;
+    nothing[0] = 0;
+    // An empty content has no memory of its own.
+    return state_before == cancelled || !*content_.get() ? nothing : const_cast<char*>(content_.get());
+}
+
+// ------------------------------------------------------------------------------------------------------ editing
+
+void Texts::Input(int key)
+{
+    if (key == escape) {
+        content_ = loaded_;
+        caret_ = anchor_ = static_cast<int>(std::strlen(content_.get()));
+        finished_ = cancelled;
+    } else if (key == enter) {
+        finished_ = finished;
+    } else {
+        Edit(key);
+    }
+    Draw();
+}
+
+void Texts::Edit(int key)
+{
+    const char* present = content_.get();
+    const int from = std::min(caret_, anchor_);
+    const int to = std::max(caret_, anchor_);
+    const bool selected = from != to;
+    switch (key) {
+    case backspace: Replace(selected ? from : hostkit::previous_character(present, caret_), to, ""); return;
+    case delete_key: Replace(from, selected ? to : hostkit::next_character(present, caret_), ""); return;
+    case left_key: Move_Caret(hostkit::previous_character(present, caret_)); return;
+    case right_key: Move_Caret(hostkit::next_character(present, caret_)); return;
+    case home_key: Move_Caret(0); return;
+    case end_key: Move_Caret(static_cast<int>(std::strlen(present))); return;
+    default: break;
+    }
+    if (!is_printable(key))
+        return;
+    char typed[5];
+    hostkit::encode_character(key, typed);
+    Replace(from, to, typed);
+}
+
+void Texts::Replace(int from, int to, const char* by)
+{
+    try {
+        std::string changed = content_.get();
+        changed.replace(static_cast<size_t>(from), static_cast<size_t>(to - from), by);
+        content_.set(changed.c_str());
+        caret_ = anchor_ = std::min(from + static_cast<int>(std::strlen(by)), static_cast<int>(std::strlen(content_.get())));
+    } catch (const std::bad_alloc&) {
+        // The key is lost, the text is not.
+    }
+}
+
+void Texts::Move_Caret(int to)
+{
+    caret_ = to;
+    if (!getkey(VK_SHIFT))
+        anchor_ = to;
+}
+
+// ------------------------------------------------------------------------------------------------------ pointer
+
+int Texts::Select(int up_down, short dx, short dy)
+{
+    if (!Active() || !window)
+        return 0;
+    if (up_down == is_active_question)
+        return 1;
+    const bool inside = Pointer_Inside(dx, dy);
+    if (inside && (up_down & 3) != 0) {
+        caret_ = Offset_At_Pointer();
+        if (up_down & 2)
+            anchor_ = caret_;
+        Draw();
+    }
+    return inside;
+}
+
+int Texts::Offset_At_Pointer() const
+{
+    const Paint paint(window, "Texts::Select");
+    POINT pointer{YCursor_X, YCursor_Y};
+    ScreenToClient(window, &pointer);
+    const int target = pointer.x - x - margin + scroll_;
+    const char* present = content_.get();
+    int offset = 0;
+    while (present[offset]) {
+        const int next = hostkit::next_character(present, offset);
+        const int before = paint.text_width({present, static_cast<size_t>(offset)}, font);
+        const int after = paint.text_width({present, static_cast<size_t>(next)}, font);
+        if ((before + after) / 2 >= target)
+            break;
+        offset = next;
+    }
+    return offset;
+}
+
+// ------------------------------------------------------------------------------------------------------ drawing
+
+void Texts::Draw()
+{
+    if (!Active() || !window)
+        return;
+    hostkit::Note_Active_Text(this);
+    const Paint paint(window, "Texts::Draw");
+    const Area area = hostkit::area_of(*this);
+    paint.fill(area, blend(back, {0, 0, 0}, 160));
+    paint.frame(area, 1, text);
+    Write();
+}
+
+void Texts::Write()
+{
+    if (!window)
+        return;
+    const Paint paint(window, "Texts::Write");
+    const Area inside{x + margin, y + 2, width - 2 * margin, height - 4};
+    const char* content = content_.get();
+    const auto width_to = [&](int offset) { return paint.text_width({content, static_cast<size_t>(offset)}, font); };
+
+    const int caret = width_to(caret_);
+    scroll_ = std::clamp(scroll_, std::max(caret - inside.width + 1, 0), caret);
+    const auto place = [&](int offset) { return std::clamp(width_to(offset) - scroll_, 0, std::max(inside.width - 1, 0)); };
+    if (caret_ != anchor_) {
+        const int from = place(std::min(caret_, anchor_));
+        const int to = place(std::max(caret_, anchor_));
+        paint.fill({inside.x + from, inside.y, to - from, inside.height}, blend(text, back, 80));
+    }
+    paint.scrolled_text(inside, content, scroll_, font, text);
+    paint.fill({inside.x + place(caret_), inside.y + 1, 1, inside.height - 2}, text);
+}

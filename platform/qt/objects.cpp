@@ -1,0 +1,122 @@
+#include "platform/qt/objects.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <cstdlib>
+
+// Pens, brushes, fonts and regions.
+
+namespace {
+
+QSet<const void*>& live_objects()
+{
+    static QSet<const void*>& objects = *new QSet<const void*>;
+    return objects;
+}
+
+Drawing_Object* keep(Drawing_Object object)
+{
+    auto* made = new Drawing_Object(std::move(object));
+    live_objects().insert(made);
+    return made;
+}
+
+Drawing_Object* keep_stock(Drawing_Object object)
+{
+    object.stock = true;
+    return keep(std::move(object));
+}
+
+Drawing_Object* null_pen()
+{
+    static auto* pen = keep_stock({.kind = Drawing_Object::Kind::pen, .style = Qt::NoPen});
+    return pen;
+}
+
+}
+
+Drawing_Object* object_of(const void* handle)
+{
+    return live_objects().contains(handle) ? static_cast<Drawing_Object*>(const_cast<void*>(handle)) : nullptr;
+}
+
+Drawing_Object* null_brush()
+{
+    static auto* brush = keep_stock({.kind = Drawing_Object::Kind::brush, .hollow = true});
+    return brush;
+}
+
+Drawing_Object* black_pen()
+{
+    static auto* pen = keep_stock({.kind = Drawing_Object::Kind::pen, .color = Qt::black});
+    return pen;
+}
+
+Drawing_Object* white_brush()
+{
+    static auto* brush = keep_stock({.kind = Drawing_Object::Kind::brush, .color = Qt::white});
+    return brush;
+}
+
+Drawing_Object* system_font()
+{
+    static auto* font = keep_stock({.kind = Drawing_Object::Kind::font});
+    return font;
+}
+
+QColor to_qcolor(COLORREF color)
+{
+    return QColor(GetRValue(color), GetGValue(color), GetBValue(color));
+}
+
+HPEN CreatePen(int style, int width, COLORREF color)
+{
+    const Qt::PenStyle line = style == PS_NULL ? Qt::NoPen : style == PS_DOT ? Qt::DotLine : Qt::SolidLine;
+    return reinterpret_cast<HPEN>(keep({.kind = Drawing_Object::Kind::pen,
+        .color = to_qcolor(color),
+        .width = std::max(width, 1),
+        .style = line}));
+}
+
+HBRUSH CreateSolidBrush(COLORREF color)
+{
+    return reinterpret_cast<HBRUSH>(keep({.kind = Drawing_Object::Kind::brush, .color = to_qcolor(color)}));
+}
+
+HFONT CreateFontA(int height, int, int, int, int weight, DWORD italic, DWORD underline, DWORD strike_out, DWORD, DWORD,
+    DWORD, DWORD, DWORD, LPCSTR face)
+{
+    QFont font;
+    if (face && *face)
+        font.setFamily(QString::fromUtf8(face));
+    if (height != 0)
+        font.setPixelSize(std::abs(height));
+    font.setBold(weight >= FW_BOLD);
+    font.setItalic(italic != 0);
+    font.setUnderline(underline != 0);
+    font.setStrikeOut(strike_out != 0);
+    font.setHintingPreference(QFont::PreferVerticalHinting);
+    return reinterpret_cast<HFONT>(keep({.kind = Drawing_Object::Kind::font, .font = font}));
+}
+
+HGDIOBJ GetStockObject(int index)
+{
+    return index == NULL_BRUSH ? null_brush() : index == NULL_PEN ? null_pen() : nullptr;
+}
+
+BOOL DeleteObject(HGDIOBJ object)
+{
+    Drawing_Object* found = object_of(object);
+    if (!found || found->stock)
+        return found != nullptr;
+    live_objects().remove(found);
+    delete found;
+    return TRUE;
+}
+
+HRGN CreateRectRgn(int left, int top, int right, int bottom)
+{
+    const QRect rectangle(std::min(left, right), std::min(top, bottom), std::abs(right - left), std::abs(bottom - top));
+    return reinterpret_cast<HRGN>(keep({.kind = Drawing_Object::Kind::region, .region = rectangle}));
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "platform/windows_api.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QRegion>
+#include <QWidget>
+
+#include <memory>
+
+/// What stands behind an HWND: a widget whose pixels live in a picture of its own, drawn into at any time.
+class Window final : public QWidget {
+public:
+    Window(QWidget* parent, WNDPROC procedure, HBRUSH background);
+    ~Window() override;
+
+    HWND handle() { return reinterpret_cast<HWND>(this); }
+
+    /// The window behind a handle; null when it is none, or none any more.
+    static Window* of(HWND window);
+
+    /// Calls the window's procedure. The widget outlives the call, even when the window is destroyed in it.
+    LRESULT send(UINT message, WPARAM wparam, LPARAM lparam);
+
+    /// The same; true when the procedure did something with it other than leave it to DefWindowProcA.
+    bool offer(UINT message, WPARAM wparam, LPARAM lparam);
+    void leave_unused() { unused_ = true; }
+
+    void destroy();
+    void tell_size();
+    void invalidate(const QRect& rectangle);
+    QRect validate();    ///< what has to be painted; nothing has, afterwards
+    void paint_now();
+
+    /// The painter of the picture, shared by all contexts; open while any of them is.
+    QPainter& open_painter();
+    void close_painter(const QRect& drawn);
+    const QImage& picture();
+
+    LONG_PTR user_data = 0;
+    HBRUSH background;
+    bool tracks_leave = false;
+    bool takes_keys = false;
+    const void* painter_user = nullptr;    ///< the context whose clip the painter has
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    void fit_picture();
+    void mouse(QMouseEvent* event, UINT message);
+    bool destroyed() const;
+
+    WNDPROC procedure_;
+    QImage picture_;
+    std::unique_ptr<QPainter> painter_;
+    int contexts_ = 0;
+    QRegion to_paint_;
+    QSize told_size_{-1, -1};
+    bool unused_ = false;
+    bool paint_posted_ = false;
+};
+
+/// The window that has the capture, or null.
+Window* captured_window();
+void release_capture_of(Window* window);
+
+/// Makes the QApplication when there is none, and watches keys and buttons.
+void ensure_application();
