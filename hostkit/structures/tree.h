@@ -39,6 +39,9 @@ STRUCTURES_API int Child_Index(const Strato* object);
 /// @throws std::length_error when there are 16 already
 STRUCTURES_API Strato_Window* Window_Add(const std::string& name);
 
+/// The frame that a window shows, or null.
+STRUCTURES_API Strato_2D* Window_Frame(const Strato_Window* window);
+
 /// Removes all objects and windows and tells nobody: a fresh host.
 STRUCTURES_API void Tree_Reset();
 

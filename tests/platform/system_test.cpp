@@ -1,0 +1,114 @@
+#include "tests/platform/test_window.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+
+TEST(CriticalSection, MayBeEnteredAgainByItsThread)
+{
+    CRITICAL_SECTION section;
+    InitializeCriticalSection(&section);
+    EnterCriticalSection(&section);
+    EnterCriticalSection(&section);
+    LeaveCriticalSection(&section);
+    LeaveCriticalSection(&section);
+    DeleteCriticalSection(&section);
+}
+
+TEST(CriticalSection, KeepsOtherThreadsOut)
+{
+    CRITICAL_SECTION section;
+    InitializeCriticalSection(&section);
+    int counter = 0;
+    const auto count = [&] {
+        for (int i = 0; i < 20000; ++i) {
+            EnterCriticalSection(&section);
+            counter = counter + 1;
+            LeaveCriticalSection(&section);
+        }
+    };
+    std::thread one(count);
+    std::thread other(count);
+    one.join();
+    other.join();
+    EXPECT_EQ(counter, 40000);
+    DeleteCriticalSection(&section);
+}
+
+TEST(WideText, ComesBackAsItWas)
+{
+    const std::string text = "Höhe \xE2\x82\xAC \xF0\x9F\x98\x80";
+    const auto converted = test::wide(text);
+    EXPECT_EQ(converted.size(), 9u);    // the last character takes two units
+    const int units = static_cast<int>(converted.size());
+    const int bytes = WideCharToMultiByte(CP_UTF8, 0, converted.data(), units, nullptr, 0, nullptr, nullptr);
+    ASSERT_EQ(bytes, static_cast<int>(text.size()));
+    std::string back(text.size(), '\0');
+    EXPECT_EQ(WideCharToMultiByte(CP_UTF8, 0, converted.data(), units, back.data(), bytes, nullptr, nullptr), bytes);
+    EXPECT_EQ(back, text);
+}
+
+TEST(WideText, LengthMinusOneCountsTheTerminator)
+{
+    WCHAR converted[4] = {1, 1, 1, 1};
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "abc", -1, nullptr, 0), 4);
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "abc", -1, converted, 4), 4);
+    EXPECT_EQ(converted[3], WCHAR{0});
+    char back[4] = "xxx";
+    EXPECT_EQ(WideCharToMultiByte(CP_UTF8, 0, converted, -1, back, 4, nullptr, nullptr), 4);
+    EXPECT_STREQ(back, "abc");
+}
+
+TEST(WideText, IsRefusedWhereItDoesNotFit)
+{
+    WCHAR converted[2];
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "abc", 3, converted, 2), 0);
+    char back[2];
+    const auto text = test::wide("abc");
+    EXPECT_EQ(WideCharToMultiByte(CP_UTF8, 0, text.data(), 3, back, 2, nullptr, nullptr), 0);
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "abc", 0, converted, 2), 0);
+}
+
+TEST(WideText, KeepsAByteOrderMark)
+{
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "\xEF\xBB\xBF" "a", 4, nullptr, 0), 2);
+}
+
+TEST(WideText, BrokenBytesBecomeTheReplacementCharacter)
+{
+    const auto converted = test::wide("a\xFF" "b");
+    ASSERT_EQ(converted.size(), 3u);
+    EXPECT_EQ(static_cast<unsigned>(converted[1]), 0xFFFDu);
+}
+
+TEST(Words, AreTakenApartAndPutTogether)
+{
+    const LPARAM both = MAKELPARAM(-3, 7);
+    EXPECT_EQ(static_cast<short>(LOWORD(both)), -3);
+    EXPECT_EQ(static_cast<short>(HIWORD(both)), 7);
+    const WPARAM wheel = MAKEWPARAM(0x0008, -120);
+    EXPECT_EQ(LOWORD(wheel), 0x0008);
+    EXPECT_EQ(static_cast<short>(HIWORD(wheel)), -120);
+}
+
+TEST(Color, HasRedInTheLowByte)
+{
+    EXPECT_EQ(RGB(0x12, 0x34, 0x56), 0x563412u);
+    EXPECT_EQ(GetRValue(0x563412u), 0x12);
+    EXPECT_EQ(GetGValue(0x563412u), 0x34);
+    EXPECT_EQ(GetBValue(0x563412u), 0x56);
+}
+
+TEST(Screen, HasAnArea)
+{
+    const test::Test_Window window;
+    EXPECT_GT(GetSystemMetrics(SM_CXSCREEN), 0);
+    EXPECT_GT(GetSystemMetrics(SM_CYSCREEN), 0);
+}
+
+TEST(Program, HasOneModule)
+{
+    EXPECT_NE(GetModuleHandleA(nullptr), nullptr);
+    EXPECT_EQ(GetModuleHandleA(nullptr), GetModuleHandleA(nullptr));
+}
