@@ -1,5 +1,5 @@
-// The least that a program does to be a host: one window with a tag panel in it, the panel's variables, and what a click
-// on a tag means. No toolkit is named here; the window comes from the platform layer.
+// The least that a program does to be a host: one window with a tag panel in it, the panel's variables, and what a
+// click on a tag means. No toolkit is named here; the window comes from the platform layer.
 //
 //     minimal_host                    opens the window and runs until it is closed
 //     minimal_host --picture FILE     chooses a tag, names it, writes what the panel shows as FILE (PPM) and ends
@@ -50,8 +50,8 @@ HWND open_window(int width, int height)
     description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
     description.lpszClassName = "Minimal host";
     RegisterClassA(&description);
-    return CreateWindowExA(0, description.lpszClassName, "Tags", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT, width,
-        height, nullptr, nullptr, description.hInstance, nullptr);
+    return CreateWindowExA(0, description.lpszClassName, "Tags", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
+        width, height, nullptr, nullptr, description.hInstance, nullptr);
 }
 
 int run_until_closed()
@@ -64,14 +64,14 @@ int run_until_closed()
     return 0;
 }
 
-// What a person does: a right click on a tag, Backspace over its number, a name, Enter; then a left click on it. `x` and `y` count from the upper
-// left corner, as window messages do.
+// What a person does: a right click on a tag, Backspace over its number, a name, Enter; then a left click on it. `x`
+// and `y` count from the upper left corner, as window messages do.
 void name_and_choose(HWND panel, int x, int y, const char* name)
 {
     const LPARAM place = MAKELPARAM(x, y);
     SendMessageA(panel, WM_RBUTTONDOWN, MK_RBUTTON, place);
     SendMessageA(panel, WM_RBUTTONUP, 0, place);
-    SendMessageA(panel, WM_CHAR, VK_BACK, 0);    // an unnamed tag offers its number
+    SendMessageA(panel, WM_CHAR, VK_BACK, 0); // an unnamed tag offers its number
     for (const char* letter = name; *letter; ++letter)
         SendMessageA(panel, WM_CHAR, static_cast<WPARAM>(*letter), 0);
     SendMessageA(panel, WM_CHAR, VK_RETURN, 0);

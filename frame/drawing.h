@@ -4,8 +4,8 @@
 
 namespace frame {
 
-/// The drawing context of a window, for as long as it lives. Y_release is due even when there is no context, because the
-/// critical section is held all the same.
+/// The drawing context of a window, for as long as it lives. Y_release is due even when there is no context, because
+/// the critical section is held all the same.
 class Drawing {
 public:
     Drawing(HWND window, const char* caller) : ready_(Y_setup(window, caller) != 0) {}

@@ -5,8 +5,8 @@ namespace frame {
 
 /// The up-down word of `Click` and `Motion`.
 namespace up_down {
-constexpr int release = 0;         ///< a plain release: no button is down any more
-constexpr int right_press = 66;    ///< the right button went down, and no other is
+constexpr int release = 0;      ///< a plain release: no button is down any more
+constexpr int right_press = 66; ///< the right button went down, and no other is
 }
 
 constexpr int escape_key = 27;

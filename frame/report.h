@@ -7,8 +7,8 @@ namespace frame {
 
 namespace level {
 constexpr int memory = 1;
-constexpr int handler_trace = 16;     ///< event handlers of the tag, brush, propagate and histogram panels
-constexpr int internal_trace = 17;    ///< what those handlers call
+constexpr int handler_trace = 16;  ///< event handlers of the tag, brush, propagate and histogram panels
+constexpr int internal_trace = 17; ///< what those handlers call
 }
 
 /// Tells that `new` failed. @param source the source's name, without its ending

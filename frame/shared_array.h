@@ -5,8 +5,8 @@
 
 namespace frame {
 
-/// A fixed array that copies share; the last owner frees it. Allocation never throws: when memory runs out the array has
-/// no elements. For the interface thread only.
+/// A fixed array that copies share; the last owner frees it. Allocation never throws: when memory runs out the array
+/// has no elements. For the interface thread only.
 template <class T>
 class Shared_Array {
 public:

@@ -4,12 +4,12 @@
 namespace frame::state {
 
 constexpr unsigned active = 0;
-constexpr unsigned greyed = 35;    ///< shown greyed, takes no event
+constexpr unsigned greyed = 35; ///< shown greyed, takes no event
 constexpr unsigned panel_box = 66;
-constexpr unsigned being_edited = 3;               ///< set on a row button while an editor lies over it
+constexpr unsigned being_edited = 3; ///< set on a row button while an editor lies over it
 constexpr unsigned row_button = 0x400000;
-constexpr unsigned row_button_marked = 0x500000;    ///< a row button that shows its pressed mark
-constexpr unsigned shows_marks = 0x100000;          ///< of an area: its row buttons show their pressed marks
+constexpr unsigned row_button_marked = 0x500000; ///< a row button that shows its pressed mark
+constexpr unsigned shows_marks = 0x100000;       ///< of an area: its row buttons show their pressed marks
 constexpr unsigned slider = 0x8000004;
 constexpr unsigned hidden_slider = 7;
 constexpr unsigned editor = 0x80000000;

@@ -19,15 +19,15 @@
 
 // ---------------------------------------------------------------------------------------------- drawing context
 
-GADGETS_API extern HDC Y_DC;                       ///< the context being drawn in, null outside Y_setup .. Y_release
-GADGETS_API extern HWND Y_Window;                  ///< the window that Y_DC belongs to
-GADGETS_API extern int YCursor_X;                  ///< the recorded pointer, screen coordinates (y downward)
-GADGETS_API extern int YCursor_Y;                  ///< see YCursor_X
-GADGETS_API extern COLORREF Current_Color;         ///< 0x00BBGGRR
-GADGETS_API extern CRITICAL_SECTION Critical;      ///< guards Y_DC; initialised by the first Y_setup
-GADGETS_API extern unsigned char Critical_Flag;    ///< 1 once Critical is initialised
-GADGETS_API extern short SPACE;                    ///< the library's spacing between widgets, pixels
-GADGETS_API extern short BORDER;                   ///< the library's frame width, pixels
+GADGETS_API extern HDC Y_DC;                    ///< the context being drawn in, null outside Y_setup .. Y_release
+GADGETS_API extern HWND Y_Window;               ///< the window that Y_DC belongs to
+GADGETS_API extern int YCursor_X;               ///< the recorded pointer, screen coordinates (y downward)
+GADGETS_API extern int YCursor_Y;               ///< see YCursor_X
+GADGETS_API extern COLORREF Current_Color;      ///< 0x00BBGGRR
+GADGETS_API extern CRITICAL_SECTION Critical;   ///< guards Y_DC; initialised by the first Y_setup
+GADGETS_API extern unsigned char Critical_Flag; ///< 1 once Critical is initialised
+GADGETS_API extern short SPACE;                 ///< the library's spacing between widgets, pixels
+GADGETS_API extern short BORDER;                ///< the library's frame width, pixels
 
 /// Opens the drawing context of a window: enters Critical, takes the window's device context into Y_DC and maps it so
 /// that y grows upward from the lower-left corner of the client area. On the window that is already set up only a
@@ -63,7 +63,7 @@ struct GADGETS_API Colors {
     unsigned char green = 0;
     unsigned char blue = 0;
 
-    unsigned get() const;    ///< packed as the platform's colour value, 0x00BBGGRR
+    unsigned get() const; ///< packed as the platform's colour value, 0x00BBGGRR
     bool operator==(const Colors&) const = default;
 };
 
@@ -78,8 +78,8 @@ public:
     Caption& operator=(Caption&&) noexcept;
     ~Caption();
 
-    void set(const char* text);                               ///< null empties it
-    const char* get() const { return text_ ? text_ : ""; }    ///< never null
+    void set(const char* text);                            ///< null empties it
+    const char* get() const { return text_ ? text_ : ""; } ///< never null
 
 private:
     char* text_ = nullptr;
@@ -99,13 +99,13 @@ public:
     short y = 0;
     short width = 0;
     short height = 0;
-    short border = 0;        ///< width of the frame, pixels
+    short border = 0; ///< width of the frame, pixels
     unsigned state = 0;
-    Colors frame;            ///< frame, marks and lines
-    Colors back;             ///< background
-    Colors text;             ///< caption
-    Colors color;            ///< the widget's own colour, e.g. a row button's face
-    HFONT font = nullptr;    ///< not owned; null for the platform's own
+    Colors frame;         ///< frame, marks and lines
+    Colors back;          ///< background
+    Colors text;          ///< caption
+    Colors color;         ///< the widget's own colour, e.g. a row button's face
+    HFONT font = nullptr; ///< not owned; null for the platform's own
     Caption name;
 
     void Set_Name(const char* caption);
@@ -121,7 +121,7 @@ public:
     bool Shown() const { return (state & 32u) != 0 || (state & 3u) == 0; }
 
 protected:
-    void Set_Window(HWND owner);    ///< null keeps the window that the widget has
+    void Set_Window(HWND owner); ///< null keeps the window that the widget has
 };
 
 /// A rectangle with a frame and a background; also how a host hands a panel its area. Bits 0, 1 and 5 of its state
@@ -165,9 +165,9 @@ private:
 /// A push button, or with state bit 22 a row button of a list.
 class GADGETS_API Buttons : public Tools {
 public:
-    unsigned short cur = 0;        ///< current mark: 1 for the current item
-    unsigned short pressed = 0;    ///< pressed mark: the item's on-off state
-    unsigned short shown = 0;      ///< the picture on the screen + 1; 0 when nothing is shown yet
+    unsigned short cur = 0;     ///< current mark: 1 for the current item
+    unsigned short pressed = 0; ///< pressed mark: the item's on-off state
+    unsigned short shown = 0;   ///< the picture on the screen + 1; 0 when nothing is shown yet
 
     /// Takes the window (null keeps the one it has) and makes the pictures stale.
     void Init(HWND owner);
@@ -187,7 +187,7 @@ public:
     unsigned* Picture(int number);
 
 private:
-    unsigned short highlight_ = 0;    // 1 the pointer is over, 2 held down
+    unsigned short highlight_ = 0; // 1 the pointer is over, 2 held down
     Pictures pictures_;
 
     bool Row() const { return (state & 0x400000u) != 0; }
@@ -205,8 +205,8 @@ public:
     float value = 0;
     float minimum = 0;
     float maximum = 0;
-    float step = 0;     ///< of one wheel notch
-    float thumb = 0;    ///< share of the length that the thumb takes, 0 to 1; set by Larg_Adjust
+    float step = 0;  ///< of one wheel notch
+    float thumb = 0; ///< share of the length that the thumb takes, 0 to 1; set by Larg_Adjust
 
     void Init(HWND owner);
     void Draw();
@@ -227,10 +227,10 @@ public:
     void Deselect();
 
 private:
-    float grip_ = 0;                 // where the pointer holds the thumb, pixels from the thumb's start
-    unsigned char grabbed_ = 0;      // 2 after the press, 1 from the first Read to the release
-    unsigned char highlight_ = 0;    // the pointer is over
-    unsigned char drawn_ = 0;        // a visible slider is on the screen
+    float grip_ = 0;              // where the pointer holds the thumb, pixels from the thumb's start
+    unsigned char grabbed_ = 0;   // 2 after the press, 1 from the first Read to the release
+    unsigned char highlight_ = 0; // the pointer is over
+    unsigned char drawn_ = 0;     // a visible slider is on the screen
 
     bool Vertical() const;
     bool Has_Range() const { return maximum > minimum; }
@@ -251,8 +251,8 @@ public:
 
     void Init(HWND owner);
     void Draw();
-    void Write();      ///< draws the text only
-    void Cleanup();    ///< gives the buffer back; the editor is empty afterwards
+    void Write();   ///< draws the text only
+    void Cleanup(); ///< gives the buffer back; the editor is empty afterwards
 
     /// Loads a text: caret at its end, nothing finished.
     void Read(const char* loaded);
@@ -267,15 +267,15 @@ public:
     /// @return non-zero when it is active and the pointer is in its rectangle grown by dx and dy
     int Select(int up_down, short dx, short dy);
 
-    const char* Content() const { return content_.get(); }    ///< what is being edited, at any time
+    const char* Content() const { return content_.get(); } ///< what is being edited, at any time
 
 private:
     Caption content_;
     Caption loaded_;
-    int caret_ = 0;     // byte offset
-    int anchor_ = 0;    // other end of the selection, byte offset
-    int scroll_ = 0;    // pixels of text hidden at the left
-    unsigned char finished_ = 0;    // 1 finished, 2 cancelled, until Update has told
+    int caret_ = 0;              // byte offset
+    int anchor_ = 0;             // other end of the selection, byte offset
+    int scroll_ = 0;             // pixels of text hidden at the left
+    unsigned char finished_ = 0; // 1 finished, 2 cancelled, until Update has told
 
     void Edit(int key);
     void Replace(int from, int to, const char* text);

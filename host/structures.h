@@ -69,9 +69,9 @@ public:
     /// The object's number; for a window its index in `"$FRAME_CUR"`.
     unsigned Class_B_Get() const;
 
-    const char* Name_Get() const;    ///< UTF-8, never null
+    const char* Name_Get() const; ///< UTF-8, never null
     void Name_Set(const char* name);
-    const char* Title_Get() const;    ///< the class of the object, UTF-8, never null
+    const char* Title_Get() const; ///< the class of the object, UTF-8, never null
 
     /// Whether any bit of `mask` is set in one of the object's flag words.
     /// @param flag  bit 4 (16): of the object itself
@@ -84,7 +84,7 @@ public:
     void Flag_Set_On(unsigned char flag, void* word, unsigned long long mask);
     void Flag_Set_Off(unsigned char flag, void* word, unsigned long long mask);
 
-    struct Record;    ///< what the host keeps of an object
+    struct Record; ///< what the host keeps of an object
     Record* record() const { return record_; }
 
 protected:
@@ -99,8 +99,8 @@ class STRUCTURES_API Strato_1D : public Strato {
 public:
     using Strato::Strato;
     int Child_Get_Nb() const;
-    Strato_1D* Child_Get_Pt(int index) const;    ///< null when there is no such child
-    Strato_1D* Parent_Get_Pt() const;            ///< null for the root
+    Strato_1D* Child_Get_Pt(int index) const; ///< null when there is no such child
+    Strato_1D* Parent_Get_Pt() const;         ///< null for the root
 };
 
 class STRUCTURES_API Strato_2D : public Strato {

@@ -127,7 +127,7 @@ bool Button_Grid::Place_Buttons(const Measures& measures)
     for (int item = 0; item < measures.items; ++item) {
         Buttons& button = buttons_[static_cast<unsigned>(item)];
         if (item < measures.first_placed())
-            moved |= take_place(button, list_.x, first_ - 1, 0, 0);    // no place in the grid: never drawn, never hit
+            moved |= take_place(button, list_.x, first_ - 1, 0, 0); // no place in the grid: never drawn, never hit
         else
             moved |= take_place(button, list_.x + measures.column(item) * width,
                 list_.y + measures.row(item) * measures.pitch - offset, width, measures.pitch);

@@ -3,8 +3,8 @@
 #include "frame/shared_array.h"
 #include "host/gadgets.h"
 
-/// The grid of named, coloured row buttons that the tag and the marker panel are made of: four buttons to a row, a scroll
-/// slider when the rows do not fit, and an editor for the name of a button.
+/// The grid of named, coloured row buttons that the tag and the marker panel are made of: four buttons to a row, a
+/// scroll slider when the rows do not fit, and an editor for the name of a button.
 ///
 /// The panel says how many items there are at every call, because the host may change that at any time; items that have
 /// no button are left out. Rectangles in pixels, y growing upward. Before the first Resize nothing is drawn or hit.
@@ -21,10 +21,10 @@ constexpr unsigned slider = 16;
 
 /// Where a label is kept, and how a failure to keep it is reported.
 struct Label_Store {
-    char** labels;           ///< per item, from the C allocator; null for an unnamed one
-    int line;                ///< what the report names
-    const char* source;      ///< see line
-    const char* variable;    ///< see line
+    char** labels;        ///< per item, from the C allocator; null for an unnamed one
+    int line;             ///< what the report names
+    const char* source;   ///< see line
+    const char* variable; ///< see line
 };
 
 class Button_Grid {
@@ -107,7 +107,7 @@ private:
     Boxs list_;
     frame::Shared_Array<Buttons> buttons_;
     Sliders slider_;
-    int first_ = 0;    // the band of y in which a button is drawn and hit
+    int first_ = 0; // the band of y in which a button is drawn and hit
     int last_ = 0;
     Texts editor_;
     unsigned short edited_ = 0;

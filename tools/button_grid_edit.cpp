@@ -15,7 +15,7 @@ namespace state = frame::state;
 
 namespace {
 
-constexpr size_t longest_shown_name = 39;    // bytes of an edited name that its button shows
+constexpr size_t longest_shown_name = 39; // bytes of an edited name that its button shows
 
 // Cuts the text to what a button shows, at the end of a whole UTF-8 character.
 void show_name(Buttons& button, const char* text)
@@ -96,12 +96,13 @@ bool Button_Grid::Start_Edit(int up_down, unsigned first_nameable, unsigned coun
     const int item = First_Taking(up_down, first_nameable, count);
     if (item < 0)
         return false;
-    Cancel_Edit(count);    // a second edit must not leave the first one's button hidden
+    Cancel_Edit(count); // a second edit must not leave the first one's button hidden
     edited_ = static_cast<unsigned short>(item);
     Buttons& button = buttons_[edited_];
     editor_.x = button.x;
     editor_.y = button.y;
     editor_.state = state::editor;
+    editor_.Init(nullptr);
     editor_.Read(button.name.get());
     editor_.Draw();
     button.state |= state::being_edited;

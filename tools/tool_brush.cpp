@@ -73,8 +73,8 @@ int Tool_Brush::Resize(Boxs* area)
         Buttons& button = buttons_[brush];
         const int width = (box_.width - 2 * space) / static_cast<int>(count);
         tools::take_look(button, box_);
-        tools::take_place(button, box_.x + space + static_cast<int>(brush) * width, box_.y + space, width,
-            box_.height - 2 * space);
+        tools::take_place(
+            button, box_.x + space + static_cast<int>(brush) * width, box_.y + space, width, box_.height - 2 * space);
         button.border = box_.border;
         button.Init(box_.window);
     }

@@ -44,7 +44,7 @@ int Tool_Tag::Resize(Boxs* area)
     for (unsigned tag = 0; colors.complete() && tag < grid_.Items(count); ++tag)
         grid_.Set_Color(tag, colors.of(static_cast<int>(tag)));
     grid_.Set_Captions(count, frame::array<char*>("$TAG_LABEL"));
-    grid_.Init_Buttons(area->window, most_tags);    // also those that a growing count will show
+    grid_.Init_Buttons(area->window, most_tags); // also those that a growing count will show
     return 1;
 }
 
@@ -65,7 +65,7 @@ int Tool_Tag::Click(int up_down)
     if (up_down == frame::up_down::release)
         return -1;
     const unsigned count = tag_count();
-    constexpr unsigned first_nameable = 1;    // tag 0 stands for "nothing"
+    constexpr unsigned first_nameable = 1; // tag 0 stands for "nothing"
     if (up_down == frame::up_down::right_press && grid_.Start_Edit(up_down, first_nameable, count))
         return -1;
     grid_.Cancel_Edit(count);
@@ -96,8 +96,8 @@ int Tool_Tag::Keyboard(int key)
     if (!labels.value())
         return 0;
     using Result = tools::Button_Grid::Key_Result;
-    const Result result = grid_.Keyboard(
-        key, tag_count(), {labels.value(), strdup_line, source, "(*TAG_Label_Pt)[Tag_Label_Cur]"});
+    const Result result =
+        grid_.Keyboard(key, tag_count(), {labels.value(), strdup_line, source, "(*TAG_Label_Pt)[Tag_Label_Cur]"});
     if (result == Result::finished)
         Fct_Update(change::labels, nullptr, nullptr, nullptr);
     return result == Result::used || result == Result::finished;
@@ -129,8 +129,8 @@ void Tool_Tag::Update(unsigned long long flags)
         grid_.Apply(redo, tag_count());
 }
 
-// Runs the blocks that the flags name, in their order; the last one that greys a tag decides. Each says whether the host
-// had what it needs.
+// Runs the blocks that the flags name, in their order; the last one that greys a tag decides. Each says whether the
+// host had what it needs.
 bool Tool_Tag::Update_Buttons(frame::Change_Flags flags, unsigned& redo)
 {
     struct Block {

@@ -7,17 +7,17 @@
 /// The panel of the segmentation tags: a grid of coloured, named buttons, one per tag.
 ///
 /// Reads `"$TAG_NB"`, `"$TAG_CUR"`, `"$TAG_RED"`, `"$TAG_GRN"`, `"$TAG_BLU"`, `"$TAG_LABEL"`, `"$TAG_ENABLE"`,
-/// `"$TAG_SELECT"`, `"$TAG_LOCK"` and the interface's dimensions; writes names into `"$TAG_LABEL"`. Tags beyond 256 have
-/// no button; of a count that is no multiple of four the lowest tags have no place. Copies share their buttons.
+/// `"$TAG_SELECT"`, `"$TAG_LOCK"` and the interface's dimensions; writes names into `"$TAG_LABEL"`. Tags beyond 256
+/// have no button; of a count that is no multiple of four the lowest tags have no place. Copies share their buttons.
 class VETRA_TOOLS_API Tool_Tag {
 public:
     /// Which tag state a button shows. `Tool_Tag()` has option `greys_unusable`.
     enum Option : unsigned short {
-        marks_selected = 1,      ///< the pressed mark follows `"$TAG_SELECT"`
-        marks_locked = 16,       ///< the pressed mark follows `"$TAG_LOCK"`
-        greys_unusable = 32,     ///< unselected and locked tags are greyed
-        marks_enabled = 256,     ///< the pressed mark follows `"$TAG_ENABLE"`
-        greys_disabled = 512,    ///< disabled tags are greyed
+        marks_selected = 1,   ///< the pressed mark follows `"$TAG_SELECT"`
+        marks_locked = 16,    ///< the pressed mark follows `"$TAG_LOCK"`
+        greys_unusable = 32,  ///< unselected and locked tags are greyed
+        marks_enabled = 256,  ///< the pressed mark follows `"$TAG_ENABLE"`
+        greys_disabled = 512, ///< disabled tags are greyed
     };
 
     Tool_Tag();
@@ -26,8 +26,8 @@ public:
     Tool_Tag& operator=(const Tool_Tag&);
     ~Tool_Tag();
 
-    /// Lays the panel out. @param area the panel's rectangle, window, colours, font, frame width and, with bit 20 of its
-    /// state, whether buttons show their pressed marks @return 1
+    /// Lays the panel out. @param area the panel's rectangle, window, colours, font, frame width and, with bit 20 of
+    /// its state, whether buttons show their pressed marks @return 1
     int Resize(Boxs* area);
 
     /// The height at which `rows` rows of four tags show without a slider, pixels.

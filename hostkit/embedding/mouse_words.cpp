@@ -7,12 +7,16 @@ Mouse_Event Mouse_Event_Of(UINT message)
     switch (message) {
     case WM_LBUTTONDOWN:
     case WM_MBUTTONDOWN:
-    case WM_RBUTTONDOWN: return Mouse_Event::press;
+    case WM_RBUTTONDOWN:
+        return Mouse_Event::press;
     case WM_LBUTTONUP:
     case WM_MBUTTONUP:
-    case WM_RBUTTONUP: return Mouse_Event::release;
-    case WM_MOUSEMOVE: return Mouse_Event::motion;
-    default: return Mouse_Event::none;
+    case WM_RBUTTONUP:
+        return Mouse_Event::release;
+    case WM_MOUSEMOVE:
+        return Mouse_Event::motion;
+    default:
+        return Mouse_Event::none;
     }
 }
 

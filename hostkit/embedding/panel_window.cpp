@@ -21,7 +21,7 @@ void register_class(WNDPROC procedure)
     description.hInstance = GetModuleHandleA(nullptr);
     description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
     description.lpszClassName = class_name;
-    RegisterClassA(&description);    // fails, harmlessly, when it is there already
+    RegisterClassA(&description); // fails, harmlessly, when it is there already
 }
 
 HFONT make_tool_font()
@@ -40,11 +40,12 @@ void record_pointer(HWND window, POINT client)
 
 }
 
-Panel_Window::Panel_Window(HWND parent, Panel_Events& panel, Panel_Rules rules) : panel_(panel), rules_(std::move(rules))
+Panel_Window::Panel_Window(HWND parent, Panel_Events& panel, Panel_Rules rules)
+    : panel_(panel), rules_(std::move(rules))
 {
     register_class(Procedure);
-    window_ = CreateWindowExA(
-        0, class_name, "", WS_CHILD, 0, 0, 0, 0, parent, nullptr, GetModuleHandleA(nullptr), nullptr);
+    window_ =
+        CreateWindowExA(0, class_name, "", WS_CHILD, 0, 0, 0, 0, parent, nullptr, GetModuleHandleA(nullptr), nullptr);
     SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     updates_ = On_Update([this](unsigned long long flags) { Updated(flags); });
 }
@@ -144,7 +145,7 @@ void Panel_Window::Paint()
 {
     PAINTSTRUCT paint;
     BeginPaint(window_, &paint);
-    EndPaint(window_, &paint);    // the panel takes contexts of its own
+    EndPaint(window_, &paint); // the panel takes contexts of its own
     const Panel_Call call;
     Draw();
 }
@@ -186,9 +187,14 @@ bool Panel_Window::Mouse(UINT message, WPARAM wparam, LPARAM lparam)
     record_pointer(window_, {static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam))});
     const int up_down = Up_Down_Word(event, wparam);
     switch (event) {
-    case Mouse_Event::press: Press(up_down); break;
-    case Mouse_Event::release: Release(up_down); break;
-    default: Move(up_down);
+    case Mouse_Event::press:
+        Press(up_down);
+        break;
+    case Mouse_Event::release:
+        Release(up_down);
+        break;
+    default:
+        Move(up_down);
     }
     End_Capture_If_Released();
     return true;
@@ -251,7 +257,7 @@ void Panel_Window::End_Capture()
     ReleaseCapture();
     {
         const Panel_Call call;
-        panel_.Motion(0);    // the thumb lets go
+        panel_.Motion(0); // the thumb lets go
     }
     if (Pointer_Outside())
         Leave();

@@ -12,8 +12,8 @@ struct Panel_Look {
     Colors frame{0x3a, 0x40, 0x48};
     Colors back{0x20, 0x24, 0x28};
     Colors text{0xd6, 0xda, 0xde};
-    HFONT font = nullptr;       ///< null: the font that the variables `"$INTERFACE_TOOL_FONT_..."` name
-    unsigned state = 66;        ///< the area's option bits: 66, and bit 20 (0x100000) to show pressed marks
+    HFONT font = nullptr; ///< null: the font that the variables `"$INTERFACE_TOOL_FONT_..."` name
+    unsigned state = 66;  ///< the area's option bits: 66, and bit 20 (0x100000) to show pressed marks
 };
 
 /// What a program knows of a panel that its slot cannot know.
@@ -47,12 +47,12 @@ public:
     /// Gives the panel other colours and lays it out with them.
     void Set_Look(const Panel_Look& look);
 
-    /// Resize, Draw and a full refresh: after a change of the interface's dimensions, of the font or of a count that the
-    /// layout depends on. A new window size does it by itself.
+    /// Resize, Draw and a full refresh: after a change of the interface's dimensions, of the font or of a count that
+    /// the layout depends on. A new window size does it by itself.
     void Lay_Out();
 
-    /// Gives the panel a key, as the pointer's panel gets them before any shortcut: a character (Unicode), 8, 9, 13, 27,
-    /// or 2048 + virtual-key code. @return whether the panel used it
+    /// Gives the panel a key, as the pointer's panel gets them before any shortcut: a character (Unicode), 8, 9, 13,
+    /// 27, or 2048 + virtual-key code. @return whether the panel used it
     bool Keyboard(int key);
 
     /// Whether a name is being edited in this panel, so that keys are text and no shortcuts.
@@ -85,9 +85,9 @@ private:
     HFONT own_font_ = nullptr;
     int width_ = 0;
     int height_ = 0;
-    int wheel_rest_ = 0;         // what is left of the wheel's turn below one notch
-    bool captured_ = false;      // between a press and the release of all buttons
-    bool pointer_in_ = false;    // the panel will have to hear Leave
+    int wheel_rest_ = 0;      // what is left of the wheel's turn below one notch
+    bool captured_ = false;   // between a press and the release of all buttons
+    bool pointer_in_ = false; // the panel will have to hear Leave
     Subscription updates_;
 };
 

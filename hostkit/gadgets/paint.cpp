@@ -184,8 +184,8 @@ void Paint::picture(const Area& area, const unsigned* pixels) const
     const int state = SaveDC(Y_DC);
     SetMapMode(Y_DC, MM_TEXT);
     SetViewportOrgEx(Y_DC, 0, 0, nullptr);
-    StretchDIBits(Y_DC, corner.x, corner.y, area.width, area.height, 0, 0, area.width, area.height, pixels, &description,
-        DIB_RGB_COLORS, SRCCOPY);
+    StretchDIBits(Y_DC, corner.x, corner.y, area.width, area.height, 0, 0, area.width, area.height, pixels,
+        &description, DIB_RGB_COLORS, SRCCOPY);
     RestoreDC(Y_DC, state);
 }
 

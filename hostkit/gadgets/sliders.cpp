@@ -96,7 +96,8 @@ void Sliders::Draw()
     drawn_ = 1;
     paint.fill(area, blend(text, back, 10));
     const int start = static_cast<int>(std::lround(Thumb_Start()));
-    const Area handle = Vertical() ? Area{x, y + start, width, Thumb_Length()} : Area{x + start, y, Thumb_Length(), height};
+    const Area handle =
+        Vertical() ? Area{x, y + start, width, Thumb_Length()} : Area{x + start, y, Thumb_Length(), height};
     const int lift = !Active() ? 20 : grabbed_ ? 130 : highlight_ ? 100 : 72;
     paint.fill(handle.inset(2), blend(text, back, lift));
 }

@@ -100,13 +100,26 @@ void Texts::Edit(int key)
     const int to = std::max(caret_, anchor_);
     const bool selected = from != to;
     switch (key) {
-    case backspace: Replace(selected ? from : hostkit::previous_character(present, caret_), to, ""); return;
-    case delete_key: Replace(from, selected ? to : hostkit::next_character(present, caret_), ""); return;
-    case left_key: Move_Caret(hostkit::previous_character(present, caret_)); return;
-    case right_key: Move_Caret(hostkit::next_character(present, caret_)); return;
-    case home_key: Move_Caret(0); return;
-    case end_key: Move_Caret(static_cast<int>(std::strlen(present))); return;
-    default: break;
+    case backspace:
+        Replace(selected ? from : hostkit::previous_character(present, caret_), to, "");
+        return;
+    case delete_key:
+        Replace(from, selected ? to : hostkit::next_character(present, caret_), "");
+        return;
+    case left_key:
+        Move_Caret(hostkit::previous_character(present, caret_));
+        return;
+    case right_key:
+        Move_Caret(hostkit::next_character(present, caret_));
+        return;
+    case home_key:
+        Move_Caret(0);
+        return;
+    case end_key:
+        Move_Caret(static_cast<int>(std::strlen(present)));
+        return;
+    default:
+        break;
     }
     if (!is_printable(key))
         return;
@@ -121,7 +134,8 @@ void Texts::Replace(int from, int to, const char* by)
         std::string changed = content_.get();
         changed.replace(static_cast<size_t>(from), static_cast<size_t>(to - from), by);
         content_.set(changed.c_str());
-        caret_ = anchor_ = std::min(from + static_cast<int>(std::strlen(by)), static_cast<int>(std::strlen(content_.get())));
+        caret_ = anchor_ =
+            std::min(from + static_cast<int>(std::strlen(by)), static_cast<int>(std::strlen(content_.get())));
     } catch (const std::bad_alloc&) {
         // The key is lost, the text is not.
     }
@@ -196,7 +210,9 @@ void Texts::Write()
 
     const int caret = width_to(caret_);
     scroll_ = std::clamp(scroll_, std::max(caret - inside.width + 1, 0), caret);
-    const auto place = [&](int offset) { return std::clamp(width_to(offset) - scroll_, 0, std::max(inside.width - 1, 0)); };
+    const auto place = [&](int offset) {
+        return std::clamp(width_to(offset) - scroll_, 0, std::max(inside.width - 1, 0));
+    };
     if (caret_ != anchor_) {
         const int from = place(std::min(caret_, anchor_));
         const int to = place(std::max(caret_, anchor_));

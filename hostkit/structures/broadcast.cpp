@@ -22,7 +22,7 @@ class Broadcaster {
 public:
     static Broadcaster& get()
     {
-        static Broadcaster& broadcaster = *new Broadcaster;    // listeners may leave while the process ends
+        static Broadcaster& broadcaster = *new Broadcaster; // listeners may leave while the process ends
         return broadcaster;
     }
 
@@ -69,7 +69,7 @@ private:
     {
         if (depth_ > 0)
             return;
-        ++depth_;    // what is sent meanwhile waits for its turn in this loop
+        ++depth_; // what is sent meanwhile waits for its turn in this loop
         while (deliver_one()) {
         }
         --depth_;
@@ -79,7 +79,7 @@ private:
     {
         if (!updates_.empty()) {
             const auto flags = updates_.front();
-            updates_.erase(updates_.begin());    // being delivered: the same word may be sent again
+            updates_.erase(updates_.begin()); // being delivered: the same word may be sent again
             tell(false, flags);
             return true;
         }

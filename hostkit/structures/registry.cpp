@@ -92,15 +92,22 @@ void* widened(intptr_t number)
 void* value_of(Cell& cell)
 {
     switch (cell.type) {
-    case Variable_Type::Unsigned_8: return widened(cell.as<unsigned char>());
-    case Variable_Type::Signed_16: return widened(cell.as<short>());
-    case Variable_Type::Unsigned_16: return widened(cell.as<unsigned short>());
-    case Variable_Type::Signed_32: return widened(cell.as<int>());
-    case Variable_Type::Float: return widened(cell.as<int>());    // the number's bits
-    case Variable_Type::Four_Floats: return cell.storage;
+    case Variable_Type::Unsigned_8:
+        return widened(cell.as<unsigned char>());
+    case Variable_Type::Signed_16:
+        return widened(cell.as<short>());
+    case Variable_Type::Unsigned_16:
+        return widened(cell.as<unsigned short>());
+    case Variable_Type::Signed_32:
+        return widened(cell.as<int>());
+    case Variable_Type::Float:
+        return widened(cell.as<int>()); // the number's bits
+    case Variable_Type::Four_Floats:
+        return cell.storage;
     case Variable_Type::String:
     case Variable_Type::Array:
-    case Variable_Type::Object: return cell.as<void*>();
+    case Variable_Type::Object:
+        return cell.as<void*>();
     }
     return nullptr;
 }

@@ -18,10 +18,10 @@ enum class Variable_Type : int {
     Unsigned_16,
     Signed_32,
     Float,
-    String,         ///< char*, UTF-8
-    Array,          ///< a pointer to the first element
-    Object,         ///< a pointer to an object of the tree
-    Four_Floats,    ///< four floats in the cell itself
+    String,      ///< char*, UTF-8
+    Array,       ///< a pointer to the first element
+    Object,      ///< a pointer to an object of the tree
+    Four_Floats, ///< four floats in the cell itself
 };
 
 /// Defines a variable, or finds the one of that name.
@@ -43,15 +43,30 @@ STRUCTURES_API void Registry_Reset();
 template <class T>
 constexpr Variable_Type Variable_Type_Of();
 template <>
-constexpr Variable_Type Variable_Type_Of<unsigned char>() { return Variable_Type::Unsigned_8; }
+constexpr Variable_Type Variable_Type_Of<unsigned char>()
+{
+    return Variable_Type::Unsigned_8;
+}
 template <>
-constexpr Variable_Type Variable_Type_Of<short>() { return Variable_Type::Signed_16; }
+constexpr Variable_Type Variable_Type_Of<short>()
+{
+    return Variable_Type::Signed_16;
+}
 template <>
-constexpr Variable_Type Variable_Type_Of<unsigned short>() { return Variable_Type::Unsigned_16; }
+constexpr Variable_Type Variable_Type_Of<unsigned short>()
+{
+    return Variable_Type::Unsigned_16;
+}
 template <>
-constexpr Variable_Type Variable_Type_Of<int>() { return Variable_Type::Signed_32; }
+constexpr Variable_Type Variable_Type_Of<int>()
+{
+    return Variable_Type::Signed_32;
+}
 template <>
-constexpr Variable_Type Variable_Type_Of<float>() { return Variable_Type::Float; }
+constexpr Variable_Type Variable_Type_Of<float>()
+{
+    return Variable_Type::Float;
+}
 
 /// A scalar variable by name, defined when it does not exist: `Variable<unsigned short>("$TAG_NB") = 16`.
 /// @throws std::logic_error when it exists with another type

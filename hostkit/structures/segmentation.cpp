@@ -90,7 +90,8 @@ void reset_markers()
 
 void count_arrays()
 {
-    for (const char* name : {"$TAG_RED", "$TAG_GRN", "$TAG_BLU", "$TAG_LABEL", "$TAG_ENABLE", "$TAG_SELECT", "$TAG_LOCK"})
+    for (const char* name :
+        {"$TAG_RED", "$TAG_GRN", "$TAG_BLU", "$TAG_LABEL", "$TAG_ENABLE", "$TAG_SELECT", "$TAG_LOCK"})
         Variable_Count_Set(name, most_tags);
     for (const char* name : {"$MARKER_LABEL", "$MARKER_COLOR", "$MARKER_ENABLE"})
         Variable_Count_Set(name, most_markers);

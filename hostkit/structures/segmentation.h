@@ -13,10 +13,10 @@ namespace hostkit {
 constexpr unsigned short most_tags = 256;
 constexpr unsigned short most_markers = 64;
 constexpr unsigned short most_brushes = 8;
-constexpr unsigned short largest_brush = 181;    ///< the square of a larger radius leaves 16 bits
+constexpr unsigned short largest_brush = 181; ///< the square of a larger radius leaves 16 bits
 
-/// Puts the arrays into the variables with their usual contents: 16 tags in distinct colours, unnamed, enabled, selected
-/// and unlocked; 8 markers; brushes of radius 1, 2, 4, 8 and 12. Names that were there are freed.
+/// Puts the arrays into the variables with their usual contents: 16 tags in distinct colours, unnamed, enabled,
+/// selected and unlocked; 8 markers; brushes of radius 1, 2, 4, 8 and 12. Names that were there are freed.
 STRUCTURES_API void Segmentation_Reset();
 
 STRUCTURES_API Colors Tag_Color(unsigned tag);

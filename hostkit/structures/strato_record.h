@@ -16,6 +16,6 @@ struct Strato::Record {
     std::map<const void*, unsigned long long> flags;
     Strato* parent = nullptr;
     std::vector<Strato*> children;
-    int index = 0;    // among the parent's children
+    int index = 0; // among the parent's children
     void (*destroy)(Strato*) = nullptr;
 };

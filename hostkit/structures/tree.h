@@ -9,14 +9,14 @@ namespace hostkit {
 
 struct Object_Description {
     std::string name;
-    std::string title;        ///< the class of the object, e.g. "Series"
-    unsigned class_a = 0;     ///< Strato::Class_A_Get
-    unsigned class_b = 0;     ///< Strato::Class_B_Get
-    unsigned magic = 0;       ///< Strato::Class_Magic_Get
+    std::string title;    ///< the class of the object, e.g. "Series"
+    unsigned class_a = 0; ///< Strato::Class_A_Get
+    unsigned class_b = 0; ///< Strato::Class_B_Get
+    unsigned magic = 0;   ///< Strato::Class_Magic_Get
 };
 
-constexpr unsigned frame_magic = 0xAABA;    ///< of a 2D frame that can be shown
-constexpr unsigned frame_class = 0x2FFF;    ///< a selectable leaf of the 2D tree
+constexpr unsigned frame_magic = 0xAABA; ///< of a 2D frame that can be shown
+constexpr unsigned frame_class = 0x2FFF; ///< a selectable leaf of the 2D tree
 
 constexpr unsigned long long series_tree_changed = 0x402;
 

@@ -26,9 +26,12 @@ int scaled(int value, int extent, int by)
 QPainter::CompositionMode composition(int operation)
 {
     switch (operation) {
-    case R2_XORPEN: return QPainter::RasterOp_SourceXorDestination;
-    case R2_NOT: return QPainter::RasterOp_NotDestination;
-    default: return QPainter::CompositionMode_SourceOver;
+    case R2_XORPEN:
+        return QPainter::RasterOp_SourceXorDestination;
+    case R2_NOT:
+        return QPainter::RasterOp_NotDestination;
+    default:
+        return QPainter::CompositionMode_SourceOver;
     }
 }
 

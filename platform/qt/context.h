@@ -58,5 +58,5 @@ public:
 private:
     Window* window_;
     QRect drawn_;
-    bool fresh_ = false;    // the painter is set up as this context wants it
+    bool fresh_ = false; // the painter is set up as this context wants it
 };

@@ -172,7 +172,8 @@ int FrameRect(HDC context, const RECT* rectangle, HBRUSH brush)
     const Drawing_Object* paint = object_of(brush);
     if (!dc || !rectangle || !paint)
         return 0;
-    fill_frame(*dc, dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom), 1, paint->color);
+    fill_frame(
+        *dc, dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom), 1, paint->color);
     return 1;
 }
 
@@ -205,10 +206,12 @@ int StretchDIBits(HDC context, int x, int y, int width, int height, int source_x
     if (!dc || !pixels || !description || description->bmiHeader.biBitCount != 32)
         return 0;
     const BITMAPINFOHEADER& header = description->bmiHeader;
-    const QImage stored(static_cast<const uchar*>(pixels), header.biWidth, std::abs(header.biHeight), QImage::Format_RGB32);
+    const QImage stored(
+        static_cast<const uchar*>(pixels), header.biWidth, std::abs(header.biHeight), QImage::Format_RGB32);
     const bool upright = header.biHeight < 0;
-    const QImage source = (upright ? stored : stored.mirrored()).copy(
-        source_x, upright ? source_y : std::abs(header.biHeight) - source_y - source_height, source_width, source_height);
+    const QImage source = (upright ? stored : stored.mirrored())
+                              .copy(source_x, upright ? source_y : std::abs(header.biHeight) - source_y - source_height,
+                                  source_width, source_height);
     const QRect target = dc->to_device(x, y, x + width, y + height);
     dc->painter().drawImage(target, source);
     dc->mark(target);

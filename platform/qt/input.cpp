@@ -26,27 +26,36 @@ constexpr Key_Pair key_pairs[] = {{Qt::Key_Backspace, VK_BACK}, {Qt::Key_Tab, VK
     {Qt::Key_Return, VK_RETURN}, {Qt::Key_Enter, VK_RETURN}, {Qt::Key_Escape, VK_ESCAPE}, {Qt::Key_Space, VK_SPACE},
     {Qt::Key_PageUp, VK_PRIOR}, {Qt::Key_PageDown, VK_NEXT}, {Qt::Key_End, VK_END}, {Qt::Key_Home, VK_HOME},
     {Qt::Key_Left, VK_LEFT}, {Qt::Key_Up, VK_UP}, {Qt::Key_Right, VK_RIGHT}, {Qt::Key_Down, VK_DOWN},
-    {Qt::Key_Insert, VK_INSERT}, {Qt::Key_Delete, VK_DELETE}, {Qt::Key_Shift, VK_SHIFT},
-    {Qt::Key_Control, VK_CONTROL}, {Qt::Key_Alt, VK_MENU}};
+    {Qt::Key_Insert, VK_INSERT}, {Qt::Key_Delete, VK_DELETE}, {Qt::Key_Shift, VK_SHIFT}, {Qt::Key_Control, VK_CONTROL},
+    {Qt::Key_Alt, VK_MENU}};
 
 UINT button_message(Qt::MouseButton button, bool down)
 {
     switch (button) {
-    case Qt::LeftButton: return down ? WM_LBUTTONDOWN : WM_LBUTTONUP;
-    case Qt::RightButton: return down ? WM_RBUTTONDOWN : WM_RBUTTONUP;
-    case Qt::MiddleButton: return down ? WM_MBUTTONDOWN : WM_MBUTTONUP;
-    default: return WM_NULL;
+    case Qt::LeftButton:
+        return down ? WM_LBUTTONDOWN : WM_LBUTTONUP;
+    case Qt::RightButton:
+        return down ? WM_RBUTTONDOWN : WM_RBUTTONUP;
+    case Qt::MiddleButton:
+        return down ? WM_MBUTTONDOWN : WM_MBUTTONUP;
+    default:
+        return WM_NULL;
     }
 }
 
 Qt::CursorShape cursor_shape(std::uintptr_t name)
 {
     switch (name) {
-    case 32513: return Qt::IBeamCursor;
-    case 32514: return Qt::WaitCursor;
-    case 32515: return Qt::CrossCursor;
-    case 32649: return Qt::PointingHandCursor;
-    default: return Qt::ArrowCursor;
+    case 32513:
+        return Qt::IBeamCursor;
+    case 32514:
+        return Qt::WaitCursor;
+    case 32515:
+        return Qt::CrossCursor;
+    case 32649:
+        return Qt::PointingHandCursor;
+    default:
+        return Qt::ArrowCursor;
     }
 }
 
@@ -149,7 +158,8 @@ BOOL SetKeyboardState(BYTE* keys)
 void Window::mouse(QMouseEvent* event, UINT message)
 {
     Window* target = capture ? capture : this;
-    const QPoint place = target == this ? event->position().toPoint() : target->mapFromGlobal(event->globalPosition().toPoint());
+    const QPoint place =
+        target == this ? event->position().toPoint() : target->mapFromGlobal(event->globalPosition().toPoint());
     const bool used = message != WM_NULL && target->offer(message, mouse_flags(event->buttons(), event->modifiers()),
                                                 MAKELPARAM(place.x(), place.y()));
     event->setAccepted(used);
@@ -276,7 +286,7 @@ BOOL SetCursorPos(int x, int y)
 
 HCURSOR LoadCursorA(HINSTANCE, LPCSTR name)
 {
-    return reinterpret_cast<HCURSOR>(const_cast<char*>(name));    // the system's cursors are known by number
+    return reinterpret_cast<HCURSOR>(const_cast<char*>(name)); // the system's cursors are known by number
 }
 
 HCURSOR SetCursor(HCURSOR cursor)

@@ -8,8 +8,8 @@ class QInputEvent;
 class QKeyEvent;
 class QMouseEvent;
 
-/// Which keys and buttons are down, as the interface thread has seen it: kept up to date with every event that any widget
-/// gets.
+/// Which keys and buttons are down, as the interface thread has seen it: kept up to date with every event that any
+/// widget gets.
 class Key_Table final : public QObject {
 public:
     static Key_Table& get();

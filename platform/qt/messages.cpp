@@ -7,7 +7,8 @@
 #include <deque>
 
 // The message queue. What Qt reports (input, painting) reaches a window's procedure while GetMessageA waits, as sent
-// messages do; what is posted comes out of GetMessageA, or, in a program that runs Qt's own loop, goes to the procedure.
+// messages do; what is posted comes out of GetMessageA, or, in a program that runs Qt's own loop, goes to the
+// procedure.
 
 namespace {
 
@@ -43,7 +44,7 @@ public:
         return true;
     }
 
-    int readers = 0;    // GetMessageA calls on the stack: they take what is posted
+    int readers = 0; // GetMessageA calls on the stack: they take what is posted
 
 protected:
     bool event(QEvent* event) override

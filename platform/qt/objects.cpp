@@ -73,10 +73,8 @@ QColor to_qcolor(COLORREF color)
 HPEN CreatePen(int style, int width, COLORREF color)
 {
     const Qt::PenStyle line = style == PS_NULL ? Qt::NoPen : style == PS_DOT ? Qt::DotLine : Qt::SolidLine;
-    return reinterpret_cast<HPEN>(keep({.kind = Drawing_Object::Kind::pen,
-        .color = to_qcolor(color),
-        .width = std::max(width, 1),
-        .style = line}));
+    return reinterpret_cast<HPEN>(keep(
+        {.kind = Drawing_Object::Kind::pen, .color = to_qcolor(color), .width = std::max(width, 1), .style = line}));
 }
 
 HBRUSH CreateSolidBrush(COLORREF color)

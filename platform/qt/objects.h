@@ -11,10 +11,10 @@ struct Drawing_Object {
     enum class Kind { pen, brush, font, region };
     Kind kind;
     bool stock = false;
-    QColor color;                    // pen, brush
-    int width = 1;                   // pen
-    Qt::PenStyle style = Qt::SolidLine;    // pen; NoPen draws nothing
-    bool hollow = false;             // brush
+    QColor color;                       // pen, brush
+    int width = 1;                      // pen
+    Qt::PenStyle style = Qt::SolidLine; // pen; NoPen draws nothing
+    bool hollow = false;                // brush
     QFont font;
     QRect region;
 };

@@ -11,7 +11,7 @@ namespace {
 
 const QEvent::Type paint_request = static_cast<QEvent::Type>(QEvent::registerEventType());
 
-int procedures_on_stack = 0;    // of any window: none may be deleted under a caller that is still in it
+int procedures_on_stack = 0; // of any window: none may be deleted under a caller that is still in it
 
 QSet<const Window*>& live_windows()
 {
@@ -114,7 +114,7 @@ void Window::paint_now()
     if (to_paint_.isEmpty() || destroyed())
         return;
     send(WM_PAINT, 0, 0);
-    validate();    // a procedure that painted nothing is not asked for ever
+    validate(); // a procedure that painted nothing is not asked for ever
 }
 
 // The picture has the widget's size at the screen's scale, and keeps what it showed.
@@ -198,7 +198,7 @@ void Window::showEvent(QShowEvent*)
 
 void Window::closeEvent(QCloseEvent* event)
 {
-    event->ignore();    // whether the window goes is the procedure's decision
+    event->ignore(); // whether the window goes is the procedure's decision
     send(WM_CLOSE, 0, 0);
 }
 

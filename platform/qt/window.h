@@ -30,7 +30,7 @@ public:
     void destroy();
     void tell_size();
     void invalidate(const QRect& rectangle);
-    QRect validate();    ///< what has to be painted; nothing has, afterwards
+    QRect validate(); ///< what has to be painted; nothing has, afterwards
     void paint_now();
 
     /// The painter of the picture, shared by all contexts; open while any of them is.
@@ -42,7 +42,7 @@ public:
     HBRUSH background;
     bool tracks_leave = false;
     bool takes_keys = false;
-    const void* painter_user = nullptr;    ///< the context whose clip the painter has
+    const void* painter_user = nullptr; ///< the context whose clip the painter has
 
 protected:
     bool event(QEvent* event) override;

@@ -219,9 +219,9 @@ BOOL InvalidateRect(HWND window, const RECT* rectangle, BOOL)
     Window* found = Window::of(window);
     if (!found)
         return FALSE;
-    found->invalidate(rectangle ? QRect(QPoint(rectangle->left, rectangle->top),
-                                      QPoint(rectangle->right - 1, rectangle->bottom - 1))
-                                : found->rect());
+    found->invalidate(
+        rectangle ? QRect(QPoint(rectangle->left, rectangle->top), QPoint(rectangle->right - 1, rectangle->bottom - 1))
+                  : found->rect());
     return TRUE;
 }
 

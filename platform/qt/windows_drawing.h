@@ -2,8 +2,8 @@
 
 #include "platform/qt/windows_types.h"
 
-// Device contexts and drawing. Coordinates are mapped inside the calls, so texts and pictures stay upright whichever way
-// an axis runs. Drawing is exact: no antialiasing but in text.
+// Device contexts and drawing. Coordinates are mapped inside the calls, so texts and pictures stay upright whichever
+// way an axis runs. Drawing is exact: no antialiasing but in text.
 
 struct TEXTMETRICA {
     LONG tmHeight;
@@ -19,7 +19,7 @@ struct TEXTMETRICA {
 struct BITMAPINFOHEADER {
     DWORD biSize;
     LONG biWidth;
-    LONG biHeight;    ///< negative: the top row comes first
+    LONG biHeight; ///< negative: the top row comes first
     WORD biPlanes;
     WORD biBitCount;
     DWORD biCompression;
@@ -91,7 +91,8 @@ WINAPI_CALL BOOL DPtoLP(HDC context, POINT* points, int count);
 WINAPI_CALL HPEN CreatePen(int style, int width, COLORREF color);
 WINAPI_CALL HBRUSH CreateSolidBrush(COLORREF color);
 WINAPI_CALL HFONT CreateFontA(int height, int width, int escapement, int orientation, int weight, DWORD italic,
-    DWORD underline, DWORD strike_out, DWORD charset, DWORD output, DWORD clip, DWORD quality, DWORD pitch, LPCSTR face);
+    DWORD underline, DWORD strike_out, DWORD charset, DWORD output, DWORD clip, DWORD quality, DWORD pitch,
+    LPCSTR face);
 WINAPI_CALL HGDIOBJ GetStockObject(int index);
 WINAPI_CALL HGDIOBJ SelectObject(HDC context, HGDIOBJ object);
 WINAPI_CALL BOOL DeleteObject(HGDIOBJ object);
@@ -109,8 +110,8 @@ WINAPI_CALL BOOL LineTo(HDC context, int x, int y);
 WINAPI_CALL BOOL Polyline(HDC context, const POINT* points, int count);
 WINAPI_CALL BOOL Polygon(HDC context, const POINT* points, int count);
 
-/// Leave out the right and the bottom edge. A rectangle whose bottom is above its top is turned round: of the two y, the
-/// device row of the larger device coordinate is left out.
+/// Leave out the right and the bottom edge. A rectangle whose bottom is above its top is turned round: of the two y,
+/// the device row of the larger device coordinate is left out.
 WINAPI_CALL BOOL Rectangle(HDC context, int left, int top, int right, int bottom);
 WINAPI_CALL BOOL Ellipse(HDC context, int left, int top, int right, int bottom);
 WINAPI_CALL int FillRect(HDC context, const RECT* rectangle, HBRUSH brush);
@@ -120,7 +121,8 @@ WINAPI_CALL COLORREF GetPixel(HDC context, int x, int y);
 
 /// Copies 32-bit pixels (BI_RGB) into the rectangle.
 WINAPI_CALL int StretchDIBits(HDC context, int x, int y, int width, int height, int source_x, int source_y,
-    int source_width, int source_height, const void* pixels, const BITMAPINFO* description, UINT usage, DWORD operation);
+    int source_width, int source_height, const void* pixels, const BITMAPINFO* description, UINT usage,
+    DWORD operation);
 
 WINAPI_CALL COLORREF SetTextColor(HDC context, COLORREF color);
 WINAPI_CALL int SetBkMode(HDC context, int mode);

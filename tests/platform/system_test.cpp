@@ -40,7 +40,7 @@ TEST(WideText, ComesBackAsItWas)
 {
     const std::string text = "Höhe \xE2\x82\xAC \xF0\x9F\x98\x80";
     const auto converted = test::wide(text);
-    EXPECT_EQ(converted.size(), 9u);    // the last character takes two units
+    EXPECT_EQ(converted.size(), 9u); // the last character takes two units
     const int units = static_cast<int>(converted.size());
     const int bytes = WideCharToMultiByte(CP_UTF8, 0, converted.data(), units, nullptr, 0, nullptr, nullptr);
     ASSERT_EQ(bytes, static_cast<int>(text.size()));
@@ -72,12 +72,17 @@ TEST(WideText, IsRefusedWhereItDoesNotFit)
 
 TEST(WideText, KeepsAByteOrderMark)
 {
-    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "\xEF\xBB\xBF" "a", 4, nullptr, 0), 2);
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0,
+                  "\xEF\xBB\xBF"
+                  "a",
+                  4, nullptr, 0),
+        2);
 }
 
 TEST(WideText, BrokenBytesBecomeTheReplacementCharacter)
 {
-    const auto converted = test::wide("a\xFF" "b");
+    const auto converted = test::wide("a\xFF"
+                                      "b");
     ASSERT_EQ(converted.size(), 3u);
     EXPECT_EQ(static_cast<unsigned>(converted[1]), 0xFFFDu);
 }

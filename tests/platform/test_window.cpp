@@ -15,10 +15,10 @@ Test_Window::Test_Window(HWND parent, int width, int height, Handler early, bool
     description.lpfnWndProc = Procedure;
     description.hInstance = GetModuleHandleA(nullptr);
     description.lpszClassName = test_class();
-    RegisterClassA(&description);    // refused for all windows but the first
+    RegisterClassA(&description); // refused for all windows but the first
     const DWORD kind = parent ? WS_CHILD : WS_OVERLAPPEDWINDOW;
-    handle_ = CreateWindowExA(0, test_class(), "test", kind | (visible ? WS_VISIBLE : 0), parent ? 0 : 50, parent ? 0 : 50,
-        width, height, parent, nullptr, description.hInstance, this);
+    handle_ = CreateWindowExA(0, test_class(), "test", kind | (visible ? WS_VISIBLE : 0), parent ? 0 : 50,
+        parent ? 0 : 50, width, height, parent, nullptr, description.hInstance, this);
 }
 
 Test_Window::~Test_Window()

@@ -21,14 +21,15 @@ public:
     using Handler = std::function<std::optional<LRESULT>(UINT, WPARAM, LPARAM)>;
 
     /// A child of `parent`, or without one a window of its own. `early` hears of the creation, too.
-    explicit Test_Window(HWND parent = nullptr, int width = 100, int height = 80, Handler early = {}, bool visible = true);
+    explicit Test_Window(
+        HWND parent = nullptr, int width = 100, int height = 80, Handler early = {}, bool visible = true);
     ~Test_Window();
     Test_Window(const Test_Window&) = delete;
     Test_Window& operator=(const Test_Window&) = delete;
 
     HWND handle() const { return handle_; }
     int count(UINT message) const;
-    const Message* last(UINT message) const;    ///< null when there was none
+    const Message* last(UINT message) const; ///< null when there was none
     void forget() { messages_.clear(); }
     const std::vector<Message>& messages() const { return messages_; }
 

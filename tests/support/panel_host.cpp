@@ -39,9 +39,12 @@ struct Button_Codes {
 Button_Codes codes(Button button)
 {
     switch (button) {
-    case Button::middle: return {WM_MBUTTONDOWN, MK_MBUTTON, VK_MBUTTON};
-    case Button::right: return {WM_RBUTTONDOWN, MK_RBUTTON, VK_RBUTTON};
-    default: return {WM_LBUTTONDOWN, MK_LBUTTON, VK_LBUTTON};
+    case Button::middle:
+        return {WM_MBUTTONDOWN, MK_MBUTTON, VK_MBUTTON};
+    case Button::right:
+        return {WM_RBUTTONDOWN, MK_RBUTTON, VK_RBUTTON};
+    default:
+        return {WM_LBUTTONDOWN, MK_LBUTTON, VK_LBUTTON};
     }
 }
 
@@ -67,10 +70,14 @@ int held_button()
 WPARAM held_flags()
 {
     switch (held_button()) {
-    case VK_LBUTTON: return MK_LBUTTON;
-    case VK_MBUTTON: return MK_MBUTTON;
-    case VK_RBUTTON: return MK_RBUTTON;
-    default: return 0;
+    case VK_LBUTTON:
+        return MK_LBUTTON;
+    case VK_MBUTTON:
+        return MK_MBUTTON;
+    case VK_RBUTTON:
+        return MK_RBUTTON;
+    default:
+        return 0;
     }
 }
 
@@ -86,8 +93,8 @@ HWND make_main_window()
     description.hInstance = GetModuleHandleA(nullptr);
     description.lpszClassName = "Vetra test";
     RegisterClassA(&description);
-    const HWND window = CreateWindowExA(0, "Vetra test", "", WS_OVERLAPPEDWINDOW, 0, 0, 800, 800, nullptr, nullptr,
-        description.hInstance, nullptr);
+    const HWND window = CreateWindowExA(
+        0, "Vetra test", "", WS_OVERLAPPEDWINDOW, 0, 0, 800, 800, nullptr, nullptr, description.hInstance, nullptr);
     ShowWindow(window, SW_SHOW);
     return window;
 }

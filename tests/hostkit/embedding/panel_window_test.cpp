@@ -86,8 +86,8 @@ protected:
     HWND window() { return slot.window(); }
 
     std::vector<int> clicked;
-    hostkit::Panel_Slot<Recorder> slot{main_window(), {.clicked = [this](int result) { clicked.push_back(result); },
-                                                          .redraw_bits = 0x1000000}};
+    hostkit::Panel_Slot<Recorder> slot{
+        main_window(), {.clicked = [this](int result) { clicked.push_back(result); }, .redraw_bits = 0x1000000}};
     Recorder& panel = slot.panel();
 };
 
@@ -249,7 +249,8 @@ TEST_F(PanelWindow, WhatAClickSendsIsDeliveredAfterTheClick)
 
 TEST_F(PanelWindow, AnErrorInTheProgramsAnswerIsReportedAndEndsThere)
 {
-    hostkit::Panel_Slot<Recorder> failing(main_window(), {.clicked = [](int) { throw std::runtime_error("disk full"); }});
+    hostkit::Panel_Slot<Recorder> failing(
+        main_window(), {.clicked = [](int) { throw std::runtime_error("disk full"); }});
     MoveWindow(failing.window(), 0, 0, 20, 20, TRUE);
     test::press(failing.window(), {5, 5});
     ASSERT_EQ(reports.texts(2).size(), 1u);

@@ -81,7 +81,7 @@ TEST_F(Segmentation, BrushesGetGridsOfTheLargestRadius)
     unsigned char*** grids = Array_Variable<unsigned char**>("$BRUSH_PT");
     for (int brush = 0; brush < 3; ++brush) {
         for (int row = 0; row <= 40; ++row)
-            grids[brush][row][40] = static_cast<unsigned char>(brush + 1);    // every byte is there
+            grids[brush][row][40] = static_cast<unsigned char>(brush + 1); // every byte is there
     }
     EXPECT_EQ(Brush_Shape(1)[40][40], 2);
     EXPECT_EQ(Brush_Shape(3), nullptr);

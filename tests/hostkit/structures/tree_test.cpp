@@ -23,8 +23,8 @@ protected:
         Registry_Reset();
         series = Object_2D_Add(Root_2D(), {.name = "T1", .title = "Series", .class_a = 0x2005, .class_b = 3});
         for (unsigned i = 0; i < 3; ++i)
-            frames.push_back(Frame_Add(series, {.name = "frame", .title = "Frame", .class_a = frame_class, .class_b = i,
-                                                   .magic = frame_magic}));
+            frames.push_back(Frame_Add(series,
+                {.name = "frame", .title = "Frame", .class_a = frame_class, .class_b = i, .magic = frame_magic}));
     }
     ~Tree() override { Tree_Reset(); }
 

@@ -1,0 +1,264 @@
+#include "tests/tools/tag_panel_fixture.h"
+
+#include "hostkit/gadgets/text_editing.h"
+
+namespace test {
+
+namespace {
+
+constexpr COLORREF cover_color = RGB(0xfe, 0x01, 0xfd);
+
+int client_height(HWND window)
+{
+    RECT client{};
+    GetClientRect(window, &client);
+    return client.bottom;
+}
+
+}
+
+Rectangle Grid::button(int tag) const
+{
+    const int place = count - 1 - tag;
+    const int width = list.width / 4;
+    return {list.x + (3 - place % 4) * width, list.y + place / 4 * pitch - offset, width, pitch};
+}
+
+bool Grid::visible(int tag) const
+{
+    const int y = button(tag).y;
+    return has_place(tag) && y >= list.y - 1 && y <= list.y + 1 + (list.height - pitch);
+}
+
+Grid grid_of(const Boxs& area, int count)
+{
+    const short space = hostkit::Variable<short>("$INTERFACE_SPACE_DIM");
+    const short cursor = hostkit::Variable<short>("$INTERFACE_CURSOR_DIM");
+    const int margin = area.border + 2;
+    const int slider_height = area.height - 2 * margin;
+    Grid grid;
+    grid.count = count;
+    grid.pitch =
+        hostkit::Variable<short>("$INTERFACE_BORDER_DIM") + hostkit::Variable<short>("$INTERFACE_BUTTON_DIM_SML");
+    grid.content = count / 4 * grid.pitch;
+    grid.scrolled = grid.content > area.height - 2 * SPACE;
+    grid.offset = grid.scrolled ? grid.content - slider_height : 0;
+    const int taken = grid.scrolled ? cursor + space : 0;
+    grid.slider = {area.x + margin, area.y + margin, cursor, slider_height};
+    grid.list = {area.x + margin + taken, area.y + margin, area.width - 2 * margin - taken, slider_height};
+    return grid;
+}
+
+std::vector<COLORREF> picture(HWND window, Rectangle part)
+{
+    const int top = client_height(window) - part.y - part.height;
+    std::vector<COLORREF> result;
+    const HDC context = GetDC(window);
+    for (int y = top; y < top + part.height; ++y) {
+        for (int x = part.x; x < part.x + part.width; ++x)
+            result.push_back(GetPixel(context, x, y));
+    }
+    ReleaseDC(window, context);
+    return result;
+}
+
+void cover(HWND window)
+{
+    RECT client{};
+    GetClientRect(window, &client);
+    const HDC context = GetDC(window);
+    const HBRUSH brush = CreateSolidBrush(cover_color);
+    FillRect(context, &client, brush);
+    DeleteObject(brush);
+    ReleaseDC(window, context);
+}
+
+bool covered(HWND window, Rectangle part)
+{
+    for (const COLORREF color : picture(window, part)) {
+        if (color != cover_color)
+            return false;
+    }
+    return true;
+}
+
+}
+
+using namespace test;
+
+TagPanel::TagPanel()
+{
+    reference_window = CreateWindowExA(
+        0, "Vetra test", "", WS_OVERLAPPEDWINDOW, 0, 0, 800, 800, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
+    ShowWindow(reference_window, SW_SHOW);
+}
+
+TagPanel::~TagPanel()
+{
+    DestroyWindow(reference_window);
+}
+
+void TagPanel::lay_out(Tool_Tag& panel, Rectangle place, unsigned state, short border)
+{
+    area.window = main_window();
+    area.x = static_cast<short>(place.x);
+    area.y = static_cast<short>(place.y);
+    area.width = static_cast<short>(place.width);
+    area.height = static_cast<short>(place.height);
+    area.border = border;
+    area.state = state;
+    area.frame = frame;
+    area.back = back;
+    area.text = text;
+    grid = grid_of(area, hostkit::Variable<unsigned short>("$TAG_NB"));
+    EXPECT_EQ(panel.Resize(&area), 1);
+    panel.Draw();
+    reports.clear();
+}
+
+int TagPanel::click_at(Tool_Tag& panel, Place place, int up_down)
+{
+    point(main_window(), place);
+    return panel.Click(up_down);
+}
+
+int TagPanel::click_on(Tool_Tag& panel, int tag, int up_down)
+{
+    return click_at(panel, place_of(tag), up_down);
+}
+
+Rectangle TagPanel::hit_area(Tool_Tag& panel, Place inside)
+{
+    const int answer = click_at(panel, inside);
+    const auto same = [&](int x, int y) { return click_at(panel, {x, y}) == answer; };
+    int left = inside.x, right = inside.x, low = inside.y, high = inside.y;
+    while (same(left - 1, inside.y))
+        --left;
+    while (same(right + 1, inside.y))
+        ++right;
+    while (same(inside.x, low - 1))
+        --low;
+    while (same(inside.x, high + 1))
+        ++high;
+    return {left, low, right - left + 1, high - low + 1};
+}
+
+int TagPanel::press_slider_bottom(Tool_Tag& panel)
+{
+    return click_at(panel, {grid.slider.x + 2, grid.slider.y});
+}
+
+int TagPanel::drag_slider_to_top(Tool_Tag& panel)
+{
+    point(main_window(), {grid.slider.x + 2, grid.slider.y + 2 * grid.slider.height});
+    return panel.Motion(17);
+}
+
+void TagPanel::leave(Tool_Tag& panel)
+{
+    point(main_window(), {700, 700});
+    panel.Motion(0);
+    panel.Leave();
+}
+
+Row_Look TagPanel::usual(int tag) const
+{
+    const char* label = hostkit::Tag_Label(static_cast<unsigned>(tag));
+    const Colors color = tag == 0 ? Colors{170, 170, 170} : hostkit::Tag_Color(static_cast<unsigned>(tag));
+    return {label ? label : std::to_string(tag), color};
+}
+
+Row_Look TagPanel::current(int tag) const
+{
+    Row_Look look = usual(tag);
+    look.current = true;
+    return look;
+}
+
+Row_Look TagPanel::greyed(int tag) const
+{
+    Row_Look look = usual(tag);
+    look.greyed = true;
+    return look;
+}
+
+Row_Look TagPanel::pressed(int tag) const
+{
+    Row_Look look = usual(tag);
+    look.pressed = true;
+    return look;
+}
+
+namespace {
+
+void place_reference(Tools& widget, const Boxs& area, Rectangle place)
+{
+    widget.x = static_cast<short>(place.x);
+    widget.y = static_cast<short>(place.y);
+    widget.width = static_cast<short>(place.width);
+    widget.height = static_cast<short>(place.height);
+    widget.frame = area.frame;
+    widget.back = area.back;
+    widget.text = area.text;
+    widget.font = area.font;
+}
+
+}
+
+bool TagPanel::shows(int tag, const Row_Look& look)
+{
+    const Rectangle place = grid.button(tag);
+    Buttons reference;
+    place_reference(reference, area, place);
+    reference.state = (area.state & 0x100000 ? 0x500000u : 0x400000u) | (look.greyed ? 35u : 0u);
+    reference.Set_Color(look.color.red, look.color.green, look.color.blue);
+    reference.Set_Name(look.caption.c_str());
+    reference.cur = look.current;
+    reference.pressed = look.pressed;
+    reference.Init(reference_window);
+    reference.Draw();
+    return picture(main_window(), place) == picture(reference_window, place);
+}
+
+bool TagPanel::shows_editor(int tag, const std::string& content)
+{
+    const Rectangle place = grid.button(tag);
+    Texts reference;
+    place_reference(reference, area, place);
+    reference.state = 0x80000003;
+    reference.Init(reference_window);
+    Texts* const active = hostkit::Active_Text();
+    reference.Read(content.c_str());
+    reference.state = 0x80000000;
+    reference.Draw();
+    if (active)
+        active->Draw();    // it is the active one again
+    return picture(main_window(), place) == picture(reference_window, place);
+}
+
+bool TagPanel::shows_slider(float value)
+{
+    place_reference(reference_slider, area, grid.slider);
+    reference_slider.state = 0x8000004;
+    reference_slider.maximum = static_cast<float>(grid.content - grid.slider.height);
+    reference_slider.value = value;
+    reference_slider.Larg_Adjust(static_cast<float>(grid.slider.height), static_cast<float>(grid.content));
+    reference_slider.Init(reference_window);
+    reference_slider.Draw();
+    return picture(main_window(), grid.slider) == picture(reference_window, grid.slider);
+}
+
+void TagPanel::type(Tool_Tag& panel, const std::string& letters)
+{
+    for (const char letter : letters)
+        panel.Keyboard(static_cast<unsigned char>(letter));
+}
+
+std::string TagPanel::caption_of(Tool_Tag& panel, int tag)
+{
+    EXPECT_EQ(click_on(panel, tag, right_press), -1);
+    const Texts* editor = hostkit::Active_Text();
+    const std::string caption = editor ? editor->Content() : "no editor";
+    leave(panel);
+    return caption;
+}
