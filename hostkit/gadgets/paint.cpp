@@ -82,10 +82,9 @@ void Paint::fill(const Area& area, Colors color) const
 {
     if (!ready_ || area.empty())
         return;
-    const HBRUSH brush = CreateSolidBrush(color.get());
     const RECT rectangle = to_rect(area);
-    FillRect(Y_DC, &rectangle, brush);
-    DeleteObject(brush);
+    SetDCBrushColor(Y_DC, color.get());
+    FillRect(Y_DC, &rectangle, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
 void Paint::frame(const Area& area, int thickness, Colors color) const

@@ -119,10 +119,15 @@ const Drawing_Object& Device_Context::brush() const
     return object ? *object : *white_brush();
 }
 
-QFont Device_Context::font() const
+Drawing_Object::Font& Device_Context::font() const
 {
-    const Drawing_Object* object = object_of(state.font);
-    return object ? object->font : QFont();
+    Drawing_Object* object = object_of(state.font);
+    return object && object->font ? *object->font : *system_font()->font;
+}
+
+QColor Device_Context::color_of(const Drawing_Object& brush) const
+{
+    return brush.context_color ? to_qcolor(state.brush_color) : brush.color;
 }
 
 // --------------------------------------------------------------------------------------------------- the calls
@@ -268,4 +273,10 @@ int SetROP2(HDC context, int operation)
         return 0;
     dc->changed();
     return std::exchange(dc->state.operation, operation);
+}
+
+COLORREF SetDCBrushColor(HDC context, COLORREF color)
+{
+    Device_Context* dc = Device_Context::of(context);
+    return dc ? std::exchange(dc->state.brush_color, color) : CLR_INVALID;
 }

@@ -44,6 +44,7 @@ public:
         QPoint position;
         std::optional<QRect> clip;
         COLORREF text_color = 0;
+        COLORREF brush_color = 0xFFFFFF;
         UINT text_align = TA_LEFT | TA_TOP;
         int background_mode = 2;
     };
@@ -52,7 +53,10 @@ public:
 
     const Drawing_Object& pen() const;
     const Drawing_Object& brush() const;
-    QFont font() const;
+    Drawing_Object::Font& font() const;
+
+    /// The colour that a brush fills with here.
+    QColor color_of(const Drawing_Object& brush) const;
     void changed() { fresh_ = false; }
 
 private:

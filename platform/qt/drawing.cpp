@@ -77,7 +77,7 @@ QPainter& with_pen_and_brush(Device_Context& dc)
 {
     QPainter& painter = dc.painter();
     painter.setPen(dc.pen().style == Qt::NoPen ? QPen(Qt::NoPen) : to_qpen(dc.pen()));
-    painter.setBrush(dc.brush().hollow ? QBrush(Qt::NoBrush) : QBrush(dc.brush().color));
+    painter.setBrush(dc.brush().hollow ? QBrush(Qt::NoBrush) : QBrush(dc.color_of(dc.brush())));
     return painter;
 }
 
@@ -138,7 +138,7 @@ BOOL Rectangle(HDC context, int left, int top, int right, int bottom)
     const Drawing_Object& pen = dc->pen();
     const int frame = pen.style == Qt::NoPen ? 0 : pen.width;
     if (!dc->brush().hollow)
-        fill(*dc, outer.adjusted(frame, frame, -frame, -frame), dc->brush().color);
+        fill(*dc, outer.adjusted(frame, frame, -frame, -frame), dc->color_of(dc->brush()));
     if (frame > 0)
         fill_frame(*dc, outer, frame, pen.color);
     return TRUE;
@@ -162,7 +162,8 @@ int FillRect(HDC context, const RECT* rectangle, HBRUSH brush)
     if (!dc || !rectangle || !paint)
         return 0;
     if (!paint->hollow)
-        fill(*dc, dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom), paint->color);
+        fill(*dc, dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom),
+            dc->color_of(*paint));
     return 1;
 }
 
@@ -172,8 +173,8 @@ int FrameRect(HDC context, const RECT* rectangle, HBRUSH brush)
     const Drawing_Object* paint = object_of(brush);
     if (!dc || !rectangle || !paint)
         return 0;
-    fill_frame(
-        *dc, dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom), 1, paint->color);
+    fill_frame(*dc, dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom), 1,
+        dc->color_of(*paint));
     return 1;
 }
 
@@ -244,11 +245,11 @@ BOOL TextOutW(HDC context, int x, int y, LPCWSTR text, int length)
     if (!dc || !text)
         return FALSE;
     const QString string(reinterpret_cast<const QChar*>(text), length);
-    const QFont font = dc->font();
-    const QFontMetrics metrics(font);
-    const int width = metrics.horizontalAdvance(string);
-    QPoint baseline = dc->to_device(x, y);
+    Drawing_Object::Font& font = dc->font();
+    const QFontMetrics& metrics = font.metrics;
+    const auto& [laid_out, width] = font.lay_out(string);
     const UINT align = dc->state.text_align;
+    QPoint baseline = dc->to_device(x, y);
     if ((align & TA_CENTER) == TA_CENTER)
         baseline.rx() -= width / 2;
     else if (align & TA_RIGHT)
@@ -257,9 +258,9 @@ BOOL TextOutW(HDC context, int x, int y, LPCWSTR text, int length)
         baseline.ry() += (align & TA_BOTTOM) ? -metrics.descent() : metrics.ascent();
 
     QPainter& painter = dc->painter();
-    painter.setFont(font);
+    painter.setFont(font.font);
     painter.setPen(to_qcolor(dc->state.text_color));
-    painter.drawText(baseline, string);
+    painter.drawStaticText(baseline - QPoint(0, metrics.ascent()), laid_out);
     dc->mark({baseline.x() - 2, baseline.y() - metrics.ascent(), width + 4, metrics.height() + 2});
     return TRUE;
 }
@@ -269,8 +270,8 @@ BOOL GetTextExtentPoint32W(HDC context, LPCWSTR text, int length, SIZE* size)
     const Device_Context* dc = Device_Context::of(context);
     if (!dc || !text || !size)
         return FALSE;
-    const QFontMetrics metrics(dc->font());
-    *size = {metrics.horizontalAdvance(QString(reinterpret_cast<const QChar*>(text), length)), metrics.height()};
+    Drawing_Object::Font& font = dc->font();
+    *size = {font.lay_out(QString(reinterpret_cast<const QChar*>(text), length)).width, font.metrics.height()};
     return TRUE;
 }
 
@@ -279,7 +280,7 @@ BOOL GetTextMetricsA(HDC context, TEXTMETRICA* result)
     const Device_Context* dc = Device_Context::of(context);
     if (!dc || !result)
         return FALSE;
-    const QFontMetrics metrics(dc->font());
+    const QFontMetrics& metrics = dc->font().metrics;
     *result = {};
     result->tmHeight = metrics.height();
     result->tmAscent = metrics.ascent();
@@ -287,6 +288,6 @@ BOOL GetTextMetricsA(HDC context, TEXTMETRICA* result)
     result->tmExternalLeading = metrics.leading();
     result->tmAveCharWidth = metrics.averageCharWidth();
     result->tmMaxCharWidth = metrics.maxWidth();
-    result->tmWeight = dc->font().bold() ? FW_BOLD : FW_NORMAL;
+    result->tmWeight = dc->font().font.bold() ? FW_BOLD : FW_NORMAL;
     return TRUE;
 }

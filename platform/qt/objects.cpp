@@ -28,6 +28,12 @@ Drawing_Object* keep_stock(Drawing_Object object)
     return keep(std::move(object));
 }
 
+Drawing_Object* context_brush()
+{
+    static auto* brush = keep_stock({.kind = Drawing_Object::Kind::brush, .context_color = true});
+    return brush;
+}
+
 Drawing_Object* null_pen()
 {
     static auto* pen = keep_stock({.kind = Drawing_Object::Kind::pen, .style = Qt::NoPen});
@@ -61,8 +67,20 @@ Drawing_Object* white_brush()
 
 Drawing_Object* system_font()
 {
-    static auto* font = keep_stock({.kind = Drawing_Object::Kind::font});
+    static auto* font =
+        keep_stock({.kind = Drawing_Object::Kind::font, .font = std::make_unique<Drawing_Object::Font>()});
     return font;
+}
+
+const Drawing_Object::Laid_Out_Text& Drawing_Object::Font::lay_out(const QString& text)
+{
+    if (const Laid_Out_Text* known = texts_.object(text))
+        return *known;
+    auto* made = new Laid_Out_Text{QStaticText(text), metrics.horizontalAdvance(text)};
+    made->text.setTextFormat(Qt::PlainText);
+    made->text.setPerformanceHint(QStaticText::AggressiveCaching);
+    texts_.insert(text, made);
+    return *made;
 }
 
 QColor to_qcolor(COLORREF color)
@@ -95,12 +113,22 @@ HFONT CreateFontA(int height, int, int, int, int weight, DWORD italic, DWORD und
     font.setUnderline(underline != 0);
     font.setStrikeOut(strike_out != 0);
     font.setHintingPreference(QFont::PreferVerticalHinting);
-    return reinterpret_cast<HFONT>(keep({.kind = Drawing_Object::Kind::font, .font = font}));
+    return reinterpret_cast<HFONT>(
+        keep({.kind = Drawing_Object::Kind::font, .font = std::make_unique<Drawing_Object::Font>(font)}));
 }
 
 HGDIOBJ GetStockObject(int index)
 {
-    return index == NULL_BRUSH ? null_brush() : index == NULL_PEN ? null_pen() : nullptr;
+    switch (index) {
+    case NULL_BRUSH:
+        return null_brush();
+    case NULL_PEN:
+        return null_pen();
+    case DC_BRUSH:
+        return context_brush();
+    default:
+        return nullptr;
+    }
 }
 
 BOOL DeleteObject(HGDIOBJ object)

@@ -2,20 +2,45 @@
 
 #include "platform/windows_api.h"
 
+#include <QCache>
 #include <QColor>
 #include <QFont>
+#include <QFontMetrics>
 #include <QRect>
+#include <QStaticText>
+
+#include <memory>
 
 /// What stands behind the handles of pens, brushes, fonts and regions.
 struct Drawing_Object {
     enum class Kind { pen, brush, font, region };
+
+    /// A text laid out, and its width in pixels.
+    struct Laid_Out_Text {
+        QStaticText text;
+        int width;
+    };
+
+    /// A font with its measures, and the latest texts laid out in it: panels draw the same ones again and again.
+    struct Font {
+        explicit Font(const QFont& of = {}) : font(of) {}
+        const Laid_Out_Text& lay_out(const QString& text);
+
+        QFont font;
+        QFontMetrics metrics{font};
+
+    private:
+        QCache<QString, Laid_Out_Text> texts_{1024};
+    };
+
     Kind kind;
     bool stock = false;
     QColor color;                       // pen, brush
     int width = 1;                      // pen
     Qt::PenStyle style = Qt::SolidLine; // pen; NoPen draws nothing
     bool hollow = false;                // brush
-    QFont font;
+    bool context_color = false;         // brush: the colour is the context's
+    std::unique_ptr<Font> font;
     QRect region;
 };
 

@@ -63,6 +63,7 @@ constexpr int PS_DOT = 2;
 constexpr int PS_NULL = 5;
 constexpr int NULL_BRUSH = 5;
 constexpr int NULL_PEN = 8;
+constexpr int DC_BRUSH = 18; ///< has the colour that SetDCBrushColor gives its context
 constexpr int FW_NORMAL = 400;
 constexpr int FW_BOLD = 700;
 constexpr DWORD DEFAULT_CHARSET = 1;
@@ -94,6 +95,7 @@ WINAPI_CALL HFONT CreateFontA(int height, int width, int escapement, int orienta
     DWORD underline, DWORD strike_out, DWORD charset, DWORD output, DWORD clip, DWORD quality, DWORD pitch,
     LPCSTR face);
 WINAPI_CALL HGDIOBJ GetStockObject(int index);
+WINAPI_CALL COLORREF SetDCBrushColor(HDC context, COLORREF color);
 WINAPI_CALL HGDIOBJ SelectObject(HDC context, HGDIOBJ object);
 WINAPI_CALL BOOL DeleteObject(HGDIOBJ object);
 
