@@ -37,10 +37,10 @@ public:
 
     ~Shared_Array()
     {
-        if (!block_ || --block_->owners > 0)
-            return;
-        delete[] block_->items;
-        delete block_;
+        if (block_ && --block_->owners == 0) {
+            delete[] block_->items;
+            delete block_;
+        }
     }
 
     unsigned size() const { return block_ ? block_->size : 0; }

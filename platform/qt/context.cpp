@@ -49,23 +49,29 @@ Device_Context::Device_Context(Window& window) : window_(&window)
 Device_Context::~Device_Context()
 {
     live_contexts().remove(this);
-    if (Window::of(reinterpret_cast<HWND>(window_)))
-        window_->close_painter(drawn_);
+    window_->close_painter(drawn_);
 }
 
 Device_Context* Device_Context::of(HDC context)
 {
     auto* found = reinterpret_cast<Device_Context*>(context);
-    const bool usable = found && live_contexts().contains(found) && Window::of(reinterpret_cast<HWND>(found->window_));
-    return usable ? found : nullptr;
+    return live_contexts().contains(found) ? found : nullptr;
 }
 
-QPainter& Device_Context::painter()
+void forget_contexts_of(const Window* window)
+{
+    const auto contexts = live_contexts();
+    for (const Device_Context* context : contexts) {
+        if (context->window() == window)
+            delete context;
+    }
+}
+
+QPainter& Device_Context::painter(Meets meets)
 {
     QPainter& shared = window_->open_painter();
     window_->close_painter({});
     if (!fresh_ || window_->painter_user != this) {
-        shared.setCompositionMode(composition(state.operation));
         if (state.clip)
             shared.setClipRect(*state.clip);
         else
@@ -73,6 +79,9 @@ QPainter& Device_Context::painter()
         window_->painter_user = this;
         fresh_ = true;
     }
+    const auto mode = meets == Meets::covering ? QPainter::CompositionMode_SourceOver : composition(state.operation);
+    if (shared.compositionMode() != mode)
+        shared.setCompositionMode(mode);
     return shared;
 }
 
@@ -141,7 +150,7 @@ HDC GetDC(HWND window)
 int ReleaseDC(HWND window, HDC context)
 {
     Device_Context* found = Device_Context::of(context);
-    if (!found || reinterpret_cast<HWND>(found->window()) != window)
+    if (!found || found->window()->handle() != window)
         return 0;
     delete found;
     return 1;
@@ -249,7 +258,7 @@ int SelectClipRgn(HDC context, HRGN region)
     Device_Context* dc = Device_Context::of(context);
     const Drawing_Object* object = object_of(region);
     if (!dc || (region && !object))
-        return ERROR_REGION;
+        return RGN_ERROR;
     dc->state.clip = region ? std::optional(object->region) : std::nullopt;
     dc->changed();
     return region && object->region.isEmpty() ? NULLREGION : SIMPLEREGION;
@@ -259,7 +268,7 @@ int IntersectClipRect(HDC context, int left, int top, int right, int bottom)
 {
     Device_Context* dc = Device_Context::of(context);
     if (!dc)
-        return ERROR_REGION;
+        return RGN_ERROR;
     const QRect part = dc->to_device(left, top, right, bottom);
     dc->state.clip = dc->state.clip ? *dc->state.clip & part : part;
     dc->changed();
@@ -271,7 +280,6 @@ int SetROP2(HDC context, int operation)
     Device_Context* dc = Device_Context::of(context);
     if (!dc)
         return 0;
-    dc->changed();
     return std::exchange(dc->state.operation, operation);
 }
 

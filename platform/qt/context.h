@@ -21,8 +21,11 @@ public:
     HDC handle() { return reinterpret_cast<HDC>(this); }
     Window* window() const { return window_; }
 
-    /// The painter, set up with this context's clip and raster operation.
-    QPainter& painter();
+    /// How what is drawn meets what is there: pens and brushes by the raster operation, the rest covers it.
+    enum class Meets { covering, by_operation };
+
+    /// The painter, set up with this context's clip.
+    QPainter& painter(Meets meets);
     const QImage& picture() const;
     void mark(const QRect& drawn) { drawn_ |= drawn; }
 

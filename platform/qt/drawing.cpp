@@ -9,11 +9,13 @@
 
 namespace {
 
-void fill(Device_Context& dc, const QRect& rectangle, const QColor& color)
+using Meets = Device_Context::Meets;
+
+void fill(Device_Context& dc, const QRect& rectangle, const QColor& color, Meets meets)
 {
     if (rectangle.isEmpty())
         return;
-    dc.painter().fillRect(rectangle, color);
+    dc.painter(meets).fillRect(rectangle, color);
     dc.mark(rectangle);
 }
 
@@ -41,27 +43,27 @@ void draw_line(Device_Context& dc, const QPoint& from, const QPoint& to)
     if (pen.style == Qt::NoPen || from == to)
         return;
     if (pen.style == Qt::SolidLine && (from.x() == to.x() || from.y() == to.y())) {
-        fill(dc, passed_over(from, to, pen.width), pen.color);
+        fill(dc, passed_over(from, to, pen.width), pen.color, Meets::by_operation);
         return;
     }
-    QPainter& painter = dc.painter();
+    QPainter& painter = dc.painter(Meets::by_operation);
     painter.setPen(to_qpen(pen));
     painter.drawLine(from, to);
     dc.mark(QRect(from, to).normalized().adjusted(-pen.width, -pen.width, pen.width, pen.width));
 }
 
 // The frame of a rectangle, each pixel once, so that XOR draws it and takes it back.
-void fill_frame(Device_Context& dc, const QRect& outer, int width, const QColor& color)
+void fill_frame(Device_Context& dc, const QRect& outer, int width, const QColor& color, Meets meets)
 {
     const int thickness = std::min({width, outer.width(), outer.height()});
-    fill(dc, {outer.left(), outer.top(), outer.width(), thickness}, color);
+    fill(dc, {outer.left(), outer.top(), outer.width(), thickness}, color, meets);
     if (outer.height() <= thickness)
         return;
-    fill(dc, {outer.left(), outer.bottom() + 1 - thickness, outer.width(), thickness}, color);
+    fill(dc, {outer.left(), outer.bottom() + 1 - thickness, outer.width(), thickness}, color, meets);
     const int side = outer.height() - 2 * thickness;
-    fill(dc, {outer.left(), outer.top() + thickness, thickness, side}, color);
+    fill(dc, {outer.left(), outer.top() + thickness, thickness, side}, color, meets);
     if (outer.width() > thickness)
-        fill(dc, {outer.right() + 1 - thickness, outer.top() + thickness, thickness, side}, color);
+        fill(dc, {outer.right() + 1 - thickness, outer.top() + thickness, thickness, side}, color, meets);
 }
 
 QPolygon to_device(const Device_Context& dc, const POINT* points, int count)
@@ -75,7 +77,7 @@ QPolygon to_device(const Device_Context& dc, const POINT* points, int count)
 // Pen and brush of the context, for what Qt draws itself.
 QPainter& with_pen_and_brush(Device_Context& dc)
 {
-    QPainter& painter = dc.painter();
+    QPainter& painter = dc.painter(Meets::by_operation);
     painter.setPen(dc.pen().style == Qt::NoPen ? QPen(Qt::NoPen) : to_qpen(dc.pen()));
     painter.setBrush(dc.brush().hollow ? QBrush(Qt::NoBrush) : QBrush(dc.color_of(dc.brush())));
     return painter;
@@ -134,13 +136,16 @@ BOOL Rectangle(HDC context, int left, int top, int right, int bottom)
     Device_Context* dc = Device_Context::of(context);
     if (!dc)
         return FALSE;
-    const QRect outer = dc->to_device(left, top, right, bottom);
     const Drawing_Object& pen = dc->pen();
-    const int frame = pen.style == Qt::NoPen ? 0 : pen.width;
+    // The path that the pen's centre takes goes from the first to the last but one pixel.
+    const QRect covered = dc->to_device(left, top, right, bottom).adjusted(0, 0, -1, -1);
+    const int before = pen.style == Qt::NoPen ? 0 : pen.width / 2;
+    const int width = pen.style == Qt::NoPen ? 0 : pen.width;
+    const QRect outer = covered.translated(-before, -before).adjusted(0, 0, width, width);
     if (!dc->brush().hollow)
-        fill(*dc, outer.adjusted(frame, frame, -frame, -frame), dc->color_of(dc->brush()));
-    if (frame > 0)
-        fill_frame(*dc, outer, frame, pen.color);
+        fill(*dc, outer.adjusted(width, width, -width, -width), dc->color_of(dc->brush()), Meets::by_operation);
+    if (width > 0)
+        fill_frame(*dc, outer, width, pen.color, Meets::by_operation);
     return TRUE;
 }
 
@@ -163,7 +168,7 @@ int FillRect(HDC context, const RECT* rectangle, HBRUSH brush)
         return 0;
     if (!paint->hollow)
         fill(*dc, dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom),
-            dc->color_of(*paint));
+            dc->color_of(*paint), Meets::covering);
     return 1;
 }
 
@@ -174,7 +179,7 @@ int FrameRect(HDC context, const RECT* rectangle, HBRUSH brush)
     if (!dc || !rectangle || !paint)
         return 0;
     fill_frame(*dc, dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom), 1,
-        dc->color_of(*paint));
+        dc->color_of(*paint), Meets::covering);
     return 1;
 }
 
@@ -183,7 +188,7 @@ COLORREF SetPixel(HDC context, int x, int y, COLORREF color)
     Device_Context* dc = Device_Context::of(context);
     if (!dc)
         return CLR_INVALID;
-    fill(*dc, {dc->to_device(x, y), QSize(1, 1)}, to_qcolor(color));
+    fill(*dc, {dc->to_device(x, y), QSize(1, 1)}, to_qcolor(color), Meets::covering);
     return color;
 }
 
@@ -214,7 +219,7 @@ int StretchDIBits(HDC context, int x, int y, int width, int height, int source_x
                               .copy(source_x, upright ? source_y : std::abs(header.biHeight) - source_y - source_height,
                                   source_width, source_height);
     const QRect target = dc->to_device(x, y, x + width, y + height);
-    dc->painter().drawImage(target, source);
+    dc->painter(Meets::covering).drawImage(target, source);
     dc->mark(target);
     return source_height;
 }
@@ -257,7 +262,7 @@ BOOL TextOutW(HDC context, int x, int y, LPCWSTR text, int length)
     if ((align & TA_BASELINE) != TA_BASELINE)
         baseline.ry() += (align & TA_BOTTOM) ? -metrics.descent() : metrics.ascent();
 
-    QPainter& painter = dc->painter();
+    QPainter& painter = dc->painter(Meets::covering);
     painter.setFont(font.font);
     painter.setPen(to_qcolor(dc->state.text_color));
     painter.drawStaticText(baseline - QPoint(0, metrics.ascent()), laid_out);

@@ -1,8 +1,8 @@
 #include "platform/qt/key_table.h"
 #include "platform/qt/window.h"
 
+#include <QApplication>
 #include <QCursor>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScreen>
@@ -160,9 +160,9 @@ void Window::mouse(QMouseEvent* event, UINT message)
     Window* target = capture ? capture : this;
     const QPoint place =
         target == this ? event->position().toPoint() : target->mapFromGlobal(event->globalPosition().toPoint());
-    const bool used = message != WM_NULL && target->offer(message, mouse_flags(event->buttons(), event->modifiers()),
-                                                MAKELPARAM(place.x(), place.y()));
-    event->setAccepted(used);
+    if (message != WM_NULL)
+        target->send(message, mouse_flags(event->buttons(), event->modifiers()), MAKELPARAM(place.x(), place.y()));
+    event->accept(); // a child window's mouse is nobody else's
 }
 
 void Window::mousePressEvent(QMouseEvent* event)
@@ -205,7 +205,7 @@ void Window::keyPressEvent(QKeyEvent* event)
     bool used = false;
     if (const int key = virtual_key(*event); key != 0)
         used = offer(WM_KEYDOWN, static_cast<WPARAM>(key), 1);
-    const auto characters = event->text().toUcs4();
+    const auto characters = event->key() == Qt::Key_Delete ? QList<uint>() : event->text().toUcs4();
     for (const uint character : characters)
         used = (Window::of(handle()) && offer(WM_CHAR, character, 1)) || used;
     event->setAccepted(used);
@@ -235,12 +235,14 @@ HWND SetFocus(HWND window)
     const HWND before = GetFocus();
     if (Window* found = Window::of(window))
         found->setFocus();
+    else if (Window* focused = Window::of(before); focused && !window)
+        focused->clearFocus();
     return before;
 }
 
 HWND GetFocus()
 {
-    auto* focused = dynamic_cast<Window*>(QGuiApplication::focusObject());
+    auto* focused = dynamic_cast<Window*>(QApplication::focusWidget());
     return focused ? focused->handle() : nullptr;
 }
 
@@ -292,7 +294,7 @@ HCURSOR LoadCursorA(HINSTANCE, LPCSTR name)
 HCURSOR SetCursor(HCURSOR cursor)
 {
     static HCURSOR shown = nullptr;
-    if (Window* window = dynamic_cast<Window*>(QGuiApplication::focusObject()))
+    if (auto* window = dynamic_cast<Window*>(QApplication::widgetAt(QCursor::pos())))
         window->setCursor(cursor_shape(reinterpret_cast<std::uintptr_t>(cursor)));
     return std::exchange(shown, cursor);
 }

@@ -2,9 +2,12 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QThread>
 
 #include <algorithm>
 #include <deque>
+#include <mutex>
+#include <utility>
 
 // The message queue. What Qt reports (input, painting) reaches a window's procedure while GetMessageA waits, as sent
 // messages do; what is posted comes out of GetMessageA, or, in a program that runs Qt's own loop, goes to the
@@ -24,8 +27,9 @@ public:
 
     void post(const MSG& message)
     {
+        const std::lock_guard lock(mutex_);
         waiting_.push_back(message);
-        QCoreApplication::postEvent(this, new QEvent(posted));
+        announce();
     }
 
     bool take(MSG& message, HWND window, UINT first, UINT last, bool remove)
@@ -35,6 +39,7 @@ public:
             const bool in_range = (first == 0 && last == 0) || (one.message >= first && one.message <= last);
             return of_window && (in_range || one.message == WM_QUIT);
         };
+        const std::lock_guard lock(mutex_);
         const auto found = std::find_if(waiting_.begin(), waiting_.end(), wanted);
         if (found == waiting_.end())
             return false;
@@ -44,7 +49,18 @@ public:
         return true;
     }
 
-    int readers = 0; // GetMessageA calls on the stack: they take what is posted
+    /// Sets how many readers take what is posted, until now and from now on. Without any, what they left goes to the
+    /// procedures.
+    int set_readers(int count)
+    {
+        const int before = std::exchange(readers_, count);
+        const std::lock_guard lock(mutex_);
+        for (size_t left = 0; readers_ == 0 && left < waiting_.size(); ++left)
+            announce();
+        return before;
+    }
+
+    int readers() const { return readers_; }
 
 protected:
     bool event(QEvent* event) override
@@ -52,31 +68,62 @@ protected:
         if (event->type() != posted)
             return QObject::event(event);
         MSG message;
-        if (readers == 0 && take(message, nullptr, 0, 0, true)) {
-            if (message.message == WM_QUIT)
-                QCoreApplication::exit(static_cast<int>(message.wParam));
-            else
-                DispatchMessageA(&message);
-        }
+        if (readers_ > 0 || !take(message, nullptr, 0, 0, true))
+            return true;
+        if (message.message == WM_QUIT)
+            QCoreApplication::exit(static_cast<int>(message.wParam));
+        else
+            DispatchMessageA(&message);
         return true;
     }
 
 private:
+    void announce() { QCoreApplication::postEvent(this, new QEvent(posted)); }
+
+    std::mutex mutex_;
     std::deque<MSG> waiting_;
+    int readers_ = 0; // of the innermost loop: GetMessageA and PeekMessageA take what is posted
 };
 
+// While it lives, what is posted stays for the reader.
+class Reader {
+public:
+    Reader() { Queue::get().set_readers(Queue::get().readers() + 1); }
+    ~Reader() { Queue::get().set_readers(Queue::get().readers() - 1); }
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+};
+
+int procedures_on_stack = 0;
+
+}
+
+Procedure_Call::Procedure_Call() : outer_readers_(Queue::get().readers() == 0 ? 0 : Queue::get().set_readers(0))
+{
+    ++procedures_on_stack;
+}
+
+Procedure_Call::~Procedure_Call()
+{
+    --procedures_on_stack;
+    if (outer_readers_ > 0)
+        Queue::get().set_readers(outer_readers_);
+}
+
+bool Procedure_Call::any()
+{
+    return procedures_on_stack > 0;
 }
 
 BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last)
 {
     ensure_application();
     Queue& queue = Queue::get();
-    ++queue.readers;
+    const Reader reader;
     while (!queue.take(*message, window, first, last, true)) {
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    --queue.readers;
     return message->message != WM_QUIT;
 }
 
@@ -84,9 +131,8 @@ BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove)
 {
     ensure_application();
     Queue& queue = Queue::get();
-    ++queue.readers;
+    const Reader reader;
     QCoreApplication::processEvents();
-    --queue.readers;
     return queue.take(*message, window, first, last, (remove & PM_REMOVE) != 0);
 }
 
@@ -116,7 +162,8 @@ BOOL PostMessageA(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
     posted_message.message = message;
     posted_message.wParam = wparam;
     posted_message.lParam = lparam;
-    GetCursorPos(&posted_message.pt);
+    if (QThread::currentThread() == Queue::get().thread())
+        GetCursorPos(&posted_message.pt);
     Queue::get().post(posted_message);
     return TRUE;
 }
@@ -134,7 +181,10 @@ LRESULT DefWindowProcA(HWND window, UINT message, WPARAM, LPARAM)
     found->leave_unused();
     if (message == WM_CLOSE)
         found->destroy();
-    if (message == WM_PAINT)
-        found->validate();
+    if (message == WM_PAINT) {
+        PAINTSTRUCT paint;
+        BeginPaint(window, &paint); // lays down the class's background
+        EndPaint(window, &paint);
+    }
     return 0;
 }

@@ -1,6 +1,7 @@
 #include "platform/windows_api.h"
 
 #include <QString>
+#include <QStringDecoder>
 
 #include <algorithm>
 #include <cstring>
@@ -35,7 +36,8 @@ int MultiByteToWideChar(UINT page, DWORD, const char* text, int bytes, WCHAR* wi
         return 0;
     // A length of -1 takes the text up to its end, which is converted, too.
     const int length = bytes < 0 ? static_cast<int>(std::strlen(text)) + 1 : bytes;
-    const QString converted = QString::fromUtf8(text, length);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    const QString converted = decoder(QByteArrayView(text, length));
     const int needed = static_cast<int>(converted.size());
     if (units == 0)
         return needed;

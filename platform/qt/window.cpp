@@ -5,78 +5,134 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QSet>
+#include <QHash>
+
+#include <algorithm>
+#include <mutex>
+#include <utility>
 
 namespace {
 
 const QEvent::Type paint_request = static_cast<QEvent::Type>(QEvent::registerEventType());
 
-int procedures_on_stack = 0; // of any window: none may be deleted under a caller that is still in it
+// By number. Locked, because messages are posted from any thread.
+struct Live_Windows {
+    std::mutex mutex;
+    QHash<quintptr, Window*> by_handle;
+    quintptr last = 0x10000;
+};
 
-QSet<const Window*>& live_windows()
+Live_Windows& live()
 {
-    static QSet<const Window*>& windows = *new QSet<const Window*>;
+    static Live_Windows& windows = *new Live_Windows;
     return windows;
 }
 
+HWND add_live(Window* window)
+{
+    const std::lock_guard lock(live().mutex);
+    live().last += 2;
+    live().by_handle.insert(live().last, window);
+    return reinterpret_cast<HWND>(live().last);
 }
 
-Window::Window(QWidget* parent, WNDPROC procedure, HBRUSH class_background)
-    : QWidget(parent), background(class_background), procedure_(procedure)
+void remove_live(HWND handle)
+{
+    const std::lock_guard lock(live().mutex);
+    live().by_handle.remove(reinterpret_cast<quintptr>(handle));
+}
+
+}
+
+Window::Window(QWidget* parent, std::string window_class, WNDPROC procedure, HBRUSH class_background)
+    : QWidget(parent), background(class_background), handle_(add_live(this)), window_class_(std::move(window_class)),
+      procedure_(procedure)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::ClickFocus);
-    live_windows().insert(this);
 }
 
+// Also when a widget of Qt's takes its children with it.
 Window::~Window()
 {
-    live_windows().remove(this);
-    release_capture_of(this);
+    if (!destroyed())
+        tell_destroyed();
 }
 
 Window* Window::of(HWND window)
 {
-    auto* found = reinterpret_cast<Window*>(window);
-    return found && live_windows().contains(found) ? found : nullptr;
+    const std::lock_guard lock(live().mutex);
+    return live().by_handle.value(reinterpret_cast<quintptr>(window), nullptr);
+}
+
+bool Window::exists(const std::string& window_class)
+{
+    const std::lock_guard lock(live().mutex);
+    const auto& windows = live().by_handle;
+    return std::any_of(
+        windows.begin(), windows.end(), [&](const Window* window) { return window->window_class_ == window_class; });
 }
 
 bool Window::destroyed() const
 {
-    return !live_windows().contains(this);
+    return of(handle_) != this;
 }
 
 // ---------------------------------------------------------------------------------------------------- messages
 
+LRESULT Window::call(UINT message, WPARAM wparam, LPARAM lparam, bool* unused)
+{
+    const Procedure_Call on_stack;
+    bool* const outer = std::exchange(unused_, unused);
+    LRESULT result = 0;
+    try {
+        result = procedure_(handle_, message, wparam, lparam);
+    } catch (const std::exception& error) {
+        qWarning("The procedure of a window failed: %s", error.what());
+        leave_unused();
+    }
+    unused_ = outer;
+    return result;
+}
+
 LRESULT Window::send(UINT message, WPARAM wparam, LPARAM lparam)
 {
-    ++procedures_on_stack;
-    const LRESULT result = procedure_(handle(), message, wparam, lparam);
-    --procedures_on_stack;
-    return result;
+    return call(message, wparam, lparam, nullptr);
 }
 
 bool Window::offer(UINT message, WPARAM wparam, LPARAM lparam)
 {
-    unused_ = false;
-    send(message, wparam, lparam);
-    return !unused_;
+    bool unused = false;
+    const LRESULT result = call(message, wparam, lparam, &unused);
+    return result == 0 && !unused;
 }
 
-// The window hears of it first, then its children; their handles are void from here on.
-void Window::destroy()
+void Window::leave_unused()
+{
+    if (unused_)
+        *unused_ = true;
+}
+
+// The window hears of it first; its handle and its contexts are void from here on.
+void Window::tell_destroyed()
 {
     send(WM_DESTROY, 0, 0);
+    forget_contexts_of(this);
+    remove_live(handle_);
+    release_capture_of(this);
+}
+
+void Window::destroy()
+{
+    tell_destroyed();
     const auto children_now = children();
     for (QObject* child : children_now) {
-        if (auto* window = dynamic_cast<Window*>(child))
+        if (auto* window = dynamic_cast<Window*>(child); window && !window->destroyed())
             window->destroy();
     }
-    live_windows().remove(this);
-    release_capture_of(this);
     hide();
-    if (procedures_on_stack > 0)
+    if (Procedure_Call::any())
         deleteLater();
     else
         delete this;

@@ -8,24 +8,31 @@
 #include <QWidget>
 
 #include <memory>
+#include <string>
 
 /// What stands behind an HWND: a widget whose pixels live in a picture of its own, drawn into at any time.
 class Window final : public QWidget {
 public:
-    Window(QWidget* parent, WNDPROC procedure, HBRUSH background);
+    /// @param window_class  the name of its class, @param background  the class's brush; null for none
+    Window(QWidget* parent, std::string window_class, WNDPROC procedure, HBRUSH background);
     ~Window() override;
 
-    HWND handle() { return reinterpret_cast<HWND>(this); }
+    /// A number that no other window ever had, so that a stale handle is never another window's.
+    HWND handle() const { return handle_; }
 
     /// The window behind a handle; null when it is none, or none any more.
     static Window* of(HWND window);
 
-    /// Calls the window's procedure. The widget outlives the call, even when the window is destroyed in it.
+    /// Whether there is a window of this class.
+    static bool exists(const std::string& window_class);
+
+    /// Calls the window's procedure. The widget outlives the call, even when the window is destroyed in it. An
+    /// exception ends here: what called is not made for it.
     LRESULT send(UINT message, WPARAM wparam, LPARAM lparam);
 
-    /// The same; true when the procedure did something with it other than leave it to DefWindowProcA.
+    /// The same; true when the procedure answered 0 by itself, not through DefWindowProcA.
     bool offer(UINT message, WPARAM wparam, LPARAM lparam);
-    void leave_unused() { unused_ = true; }
+    void leave_unused();
 
     void destroy();
     void tell_size();
@@ -67,15 +74,37 @@ private:
     void mouse(QMouseEvent* event, UINT message);
     bool destroyed() const;
 
+    LRESULT call(UINT message, WPARAM wparam, LPARAM lparam, bool* unused);
+    void tell_destroyed();
+
+    HWND handle_;
+    std::string window_class_;
     WNDPROC procedure_;
     QImage picture_;
     std::unique_ptr<QPainter> painter_;
     int contexts_ = 0;
     QRegion to_paint_;
     QSize told_size_{-1, -1};
-    bool unused_ = false;
+    bool* unused_ = nullptr; // where the call that is offered a message learns that it was left to the default
     bool paint_posted_ = false;
 };
+
+/// Lets what is posted reach procedures while one of them runs a loop of its own.
+class Procedure_Call {
+public:
+    Procedure_Call();
+    ~Procedure_Call();
+    Procedure_Call(const Procedure_Call&) = delete;
+    Procedure_Call& operator=(const Procedure_Call&) = delete;
+
+    static bool any(); ///< whether a procedure is on the stack
+
+private:
+    int outer_readers_;
+};
+
+/// Makes the contexts of a window void.
+void forget_contexts_of(const Window* window);
 
 /// The window that has the capture, or null.
 Window* captured_window();

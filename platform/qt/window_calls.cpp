@@ -75,7 +75,7 @@ ATOM RegisterClassA(const WNDCLASSA* description)
 
 BOOL UnregisterClassA(LPCSTR name, HINSTANCE)
 {
-    return name && window_classes().erase(name) == 1;
+    return name && !Window::exists(name) && window_classes().erase(name) == 1;
 }
 
 HWND CreateWindowExA(DWORD extended_style, LPCSTR class_name, LPCSTR title, DWORD style, int x, int y, int width,
@@ -87,7 +87,7 @@ HWND CreateWindowExA(DWORD extended_style, LPCSTR class_name, LPCSTR title, DWOR
         return nullptr;
     ensure_application();
     const bool child = (style & WS_CHILD) != 0;
-    auto* window = new Window(child ? owner : nullptr, found->second.procedure, found->second.background);
+    auto* window = new Window(child ? owner : nullptr, found->first, found->second.procedure, found->second.background);
     window->setWindowTitle(QString::fromUtf8(title));
     place_new(*window, child, x, y, width, height);
 
@@ -242,6 +242,7 @@ HDC BeginPaint(HWND window, PAINTSTRUCT* paint)
     const QRect part = found->validate();
     *paint = {};
     paint->hdc = GetDC(window);
+    IntersectClipRect(paint->hdc, part.left(), part.top(), part.left() + part.width(), part.top() + part.height());
     paint->rcPaint = {part.left(), part.top(), part.left() + part.width(), part.top() + part.height()};
     if (found->background)
         FillRect(paint->hdc, &paint->rcPaint, found->background);

@@ -71,7 +71,7 @@ constexpr DWORD OUT_DEFAULT_PRECIS = 0;
 constexpr DWORD CLIP_DEFAULT_PRECIS = 0;
 constexpr DWORD CLEARTYPE_QUALITY = 5;
 constexpr DWORD DEFAULT_PITCH = 0;
-constexpr int ERROR_REGION = 0;
+constexpr int RGN_ERROR = 0;
 constexpr int NULLREGION = 1;
 constexpr int SIMPLEREGION = 2;
 constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
@@ -104,6 +104,7 @@ WINAPI_CALL HRGN CreateRectRgn(int left, int top, int right, int bottom);
 WINAPI_CALL int SelectClipRgn(HDC context, HRGN region);
 WINAPI_CALL int IntersectClipRect(HDC context, int left, int top, int right, int bottom);
 
+/// How pens and brushes meet what is there. Filled rectangles, pictures and texts always cover it.
 WINAPI_CALL int SetROP2(HDC context, int operation);
 WINAPI_CALL BOOL MoveToEx(HDC context, int x, int y, POINT* previous);
 
@@ -112,8 +113,9 @@ WINAPI_CALL BOOL LineTo(HDC context, int x, int y);
 WINAPI_CALL BOOL Polyline(HDC context, const POINT* points, int count);
 WINAPI_CALL BOOL Polygon(HDC context, const POINT* points, int count);
 
-/// Leave out the right and the bottom edge. A rectangle whose bottom is above its top is turned round: of the two y,
-/// the device row of the larger device coordinate is left out.
+/// Leave out the right and the bottom edge; without a pen one pixel more. A wide pen is centred on the edge. A
+/// rectangle whose bottom is above its top is turned round: of the two y, the device row of the larger device
+/// coordinate is left out.
 WINAPI_CALL BOOL Rectangle(HDC context, int left, int top, int right, int bottom);
 WINAPI_CALL BOOL Ellipse(HDC context, int left, int top, int right, int bottom);
 WINAPI_CALL int FillRect(HDC context, const RECT* rectangle, HBRUSH brush);
