@@ -118,19 +118,24 @@ void Button_Grid::Place_List(const Measures& measures)
     last_ = list_.y + 1 + list_.height - measures.pitch;
 }
 
-// Four to a row for the slider's present value; the row of the last items lies lowest. Says whether a button moved.
+// Where an item's row is for the slider's present value; the row of the last items lies lowest.
+int Button_Grid::Row_Y(const Measures& measures, int item) const
+{
+    return list_.y + measures.row(item) * measures.pitch - static_cast<int>(slider_.value);
+}
+
+// Four to a row. Says whether a button moved.
 bool Button_Grid::Place_Buttons(const Measures& measures)
 {
     const int width = list_.width / columns;
-    const int offset = static_cast<int>(slider_.value);
     bool moved = false;
     for (int item = 0; item < measures.items; ++item) {
         Buttons& button = buttons_[static_cast<unsigned>(item)];
         if (item < measures.first_placed())
             moved |= take_place(button, list_.x, first_ - 1, 0, 0); // no place in the grid: never drawn, never hit
         else
-            moved |= take_place(button, list_.x + measures.column(item) * width,
-                list_.y + measures.row(item) * measures.pitch - offset, width, measures.pitch);
+            moved |= take_place(
+                button, list_.x + measures.column(item) * width, Row_Y(measures, item), width, measures.pitch);
     }
     return moved;
 }
@@ -145,7 +150,9 @@ void Button_Grid::Follow_Slider(unsigned count)
 {
     if (!Laid_Out() || Items(count) < columns)
         return;
-    Place_Buttons(Measures(box_, Items(count)));
+    const Measures measures(box_, Items(count));
+    for (int item = measures.first_placed(); item < measures.items; ++item)
+        buttons_[static_cast<unsigned>(item)].y = to_short(Row_Y(measures, item));
     Init_Buttons(nullptr, count);
 }
 

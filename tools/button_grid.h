@@ -92,6 +92,7 @@ private:
 
     void Place_Slider(const Measures& measures);
     void Place_List(const Measures& measures);
+    int Row_Y(const Measures& measures, int item) const;
     bool Place_Buttons(const Measures& measures);
     void Place_Editor(const Measures& measures);
     void Follow_Slider(unsigned count);

@@ -237,8 +237,9 @@ void Tool_Brush::Update(unsigned long long flags)
 
 void Tool_Brush::Update_Brushes()
 {
-    if (const int current = frame::number("$BRUSH_CUR"); current != current_)
-        Make_Current(current);
+    const unsigned current = frame::number("$BRUSH_CUR");
+    if (current < Count() && static_cast<int>(current) != current_)
+        Make_Current(static_cast<int>(current));
     if (!Set_Changed())
         return;
     Init();

@@ -17,7 +17,7 @@ int client_height(HWND window)
 
 }
 
-Rectangle Grid::button(int tag) const
+Extent Grid::button(int tag) const
 {
     const int place = count - 1 - tag;
     const int width = list.width / 4;
@@ -49,7 +49,7 @@ Grid grid_of(const Boxs& area, int count)
     return grid;
 }
 
-std::vector<COLORREF> picture(HWND window, Rectangle part)
+std::vector<COLORREF> picture(HWND window, Extent part)
 {
     const int top = client_height(window) - part.y - part.height;
     std::vector<COLORREF> result;
@@ -73,7 +73,7 @@ void cover(HWND window)
     ReleaseDC(window, context);
 }
 
-bool covered(HWND window, Rectangle part)
+bool covered(HWND window, Extent part)
 {
     for (const COLORREF color : picture(window, part)) {
         if (color != cover_color)
@@ -98,7 +98,7 @@ TagPanel::~TagPanel()
     DestroyWindow(reference_window);
 }
 
-void TagPanel::lay_out(Tool_Tag& panel, Rectangle place, unsigned state, short border)
+void TagPanel::lay_out(Tool_Tag& panel, Extent place, unsigned state, short border)
 {
     area.window = main_window();
     area.x = static_cast<short>(place.x);
@@ -127,7 +127,7 @@ int TagPanel::click_on(Tool_Tag& panel, int tag, int up_down)
     return click_at(panel, place_of(tag), up_down);
 }
 
-Rectangle TagPanel::hit_area(Tool_Tag& panel, Place inside)
+Extent TagPanel::hit_area(Tool_Tag& panel, Place inside)
 {
     const int answer = click_at(panel, inside);
     const auto same = [&](int x, int y) { return click_at(panel, {x, y}) == answer; };
@@ -191,7 +191,7 @@ Row_Look TagPanel::pressed(int tag) const
 
 namespace {
 
-void place_reference(Tools& widget, const Boxs& area, Rectangle place)
+void place_reference(Tools& widget, const Boxs& area, Extent place)
 {
     widget.x = static_cast<short>(place.x);
     widget.y = static_cast<short>(place.y);
@@ -207,7 +207,7 @@ void place_reference(Tools& widget, const Boxs& area, Rectangle place)
 
 bool TagPanel::shows(int tag, const Row_Look& look)
 {
-    const Rectangle place = grid.button(tag);
+    const Extent place = grid.button(tag);
     Buttons reference;
     place_reference(reference, area, place);
     reference.state = (area.state & 0x100000 ? 0x500000u : 0x400000u) | (look.greyed ? 35u : 0u);
@@ -222,7 +222,7 @@ bool TagPanel::shows(int tag, const Row_Look& look)
 
 bool TagPanel::shows_editor(int tag, const std::string& content)
 {
-    const Rectangle place = grid.button(tag);
+    const Extent place = grid.button(tag);
     Texts reference;
     place_reference(reference, area, place);
     reference.state = 0x80000003;
@@ -232,7 +232,7 @@ bool TagPanel::shows_editor(int tag, const std::string& content)
     reference.state = 0x80000000;
     reference.Draw();
     if (active)
-        active->Draw();    // it is the active one again
+        active->Draw(); // it is the active one again
     return picture(main_window(), place) == picture(reference_window, place);
 }
 

@@ -1,0 +1,97 @@
+#include "tests/tools/own_registry.h"
+
+#include <cstdint>
+#include <cstring>
+#include <map>
+#include <string>
+#include <utility>
+
+namespace {
+
+enum class Kind { number, dimension, array };
+
+struct Cell {
+    alignas(8) unsigned char bytes[8] = {};
+    Kind kind = Kind::number;
+
+    template <class T>
+    T as() const
+    {
+        T value;
+        std::memcpy(&value, bytes, sizeof value);
+        return value;
+    }
+};
+
+std::map<std::string, Cell> cells;
+std::vector<unsigned long long> sent;
+bool creation_asked = false;
+
+template <class T>
+void define(const char* name, Kind kind, T value)
+{
+    Cell& cell = cells[name];
+    cell.kind = kind;
+    std::memcpy(cell.bytes, &value, sizeof value);
+}
+
+}
+
+namespace own_registry {
+
+void define_number(const char* name, unsigned short number)
+{
+    define(name, Kind::number, number);
+}
+
+void define_dimension(const char* name, short pixels)
+{
+    define(name, Kind::dimension, pixels);
+}
+
+void define_array(const char* name, void* first)
+{
+    define(name, Kind::array, first);
+}
+
+std::vector<unsigned long long> take_sent()
+{
+    return std::exchange(sent, {});
+}
+
+bool asked_to_create()
+{
+    return creation_asked;
+}
+
+}
+
+void* Fct_Variable_Value(const char* name, int*, unsigned short*, int (**)(void))
+{
+    const auto found = cells.find(name);
+    if (found == cells.end())
+        return nullptr;
+    const Cell& cell = found->second;
+    switch (cell.kind) {
+    case Kind::number:
+        return reinterpret_cast<void*>(intptr_t{cell.as<unsigned short>()});
+    case Kind::dimension:
+        return reinterpret_cast<void*>(intptr_t{cell.as<short>()});
+    default:
+        return cell.as<void*>();
+    }
+}
+
+void* Fct_Variable_Get(const char* name, int*, unsigned short*, int (**)(void), char flag)
+{
+    creation_asked = creation_asked || flag != 0;
+    const auto found = cells.find(name);
+    return found == cells.end() ? nullptr : found->second.bytes;
+}
+
+void Fct_Update(unsigned long long flags, void*, void*, Region_2D*)
+{
+    sent.push_back(flags);
+}
+
+void Fct_Redraw(unsigned long long, void*, void*, Region_2D*) {}

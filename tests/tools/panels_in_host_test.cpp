@@ -1,0 +1,179 @@
+#include "tests/support/panel_host.h"
+#include "tools/tool_brush.h"
+#include "tools/tool_tag.h"
+
+using namespace test;
+using hostkit::Panel_Rules;
+using hostkit::Panel_Slot;
+using hostkit::Variable;
+
+// The panels as a program has them: in their slots, fed with window messages.
+
+namespace {
+
+constexpr unsigned long long current_tag = 1ull << 22;
+constexpr unsigned long long brushes_changed = 1ull << 23;
+constexpr unsigned long long locks = 1ull << 44;
+constexpr unsigned long long labels = 1ull << 47;
+constexpr int width = 408;
+
+Panel_Rules choose_tag()
+{
+    return {.clicked = [](int tag) {
+        if (tag < 0)
+            return;
+        Variable<unsigned short>("$TAG_CUR") = static_cast<unsigned short>(tag);
+        Fct_Update(current_tag, nullptr, nullptr, nullptr);
+    }};
+}
+
+class PanelsInHost : public Panel_Host {
+protected:
+    template <class Panel>
+    void show(Panel_Slot<Panel>& slot, int height)
+    {
+        MoveWindow(slot.window(), 0, 0, width, height, TRUE);
+        ShowWindow(slot.window(), SW_SHOW);
+        broadcasts();
+        reports.clear();
+    }
+
+    // The panel fills its window: margin 4, four columns of 100, rows of 22, tags 0 to 3 in the highest row of 16.
+    static Place tag_place(int tag) { return {4 + tag % 4 * 100 + 40, 4 + (3 - tag / 4) * 22 + 11}; }
+};
+
+}
+
+TEST_F(PanelsInHost, AClickMakesATagTheHostsCurrentOne)
+{
+    Panel_Slot<Tool_Tag> slot(main_window(), choose_tag());
+    show(slot, slot.panel().Height(4));
+    const auto before = pixels(slot.window());
+    click(slot.window(), tag_place(6));
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 6);
+    EXPECT_EQ(broadcasts(), std::vector{current_tag});
+    EXPECT_EQ(slot.panel().Read(), 6);
+    EXPECT_NE(pixels(slot.window()), before);
+}
+
+TEST_F(PanelsInHost, TagZeroIsAResultLikeAnyOther)
+{
+    Panel_Slot<Tool_Tag> slot(main_window(), choose_tag());
+    show(slot, slot.panel().Height(4));
+    click(slot.window(), tag_place(6));
+    click(slot.window(), tag_place(0));
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 0);
+    EXPECT_EQ(slot.panel().Read(), 0);
+}
+
+TEST_F(PanelsInHost, ATagIsRenamedByTheRightButtonAndKeys)
+{
+    Panel_Slot<Tool_Tag> slot(main_window(), choose_tag());
+    show(slot, slot.panel().Height(4));
+    click(slot.window(), tag_place(6), Button::right);
+    type(slot.window(), "\b");
+    type(slot.window(), "Spleen\r");
+    ASSERT_NE(hostkit::Tag_Label(6), nullptr);
+    EXPECT_STREQ(hostkit::Tag_Label(6), "Spleen");
+    EXPECT_EQ(broadcasts(), std::vector{labels});
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 0);
+    EXPECT_FALSE(slot.host().Editing());
+}
+
+TEST_F(PanelsInHost, ALongNameIsShownWholeOnceTheChangeIsDelivered)
+{
+    Panel_Slot<Tool_Tag> slot(main_window(), choose_tag());
+    show(slot, slot.panel().Height(4));
+    click(slot.window(), tag_place(6), Button::right);
+    type(slot.window(), std::string(44, 'n') + "\r");
+    click(slot.window(), tag_place(6), Button::right);
+    type(slot.window(), "\r");
+    EXPECT_EQ(std::string(hostkit::Tag_Label(6)).size(), 45u);
+}
+
+TEST_F(PanelsInHost, EscapeEndsARenaming)
+{
+    Panel_Slot<Tool_Tag> slot(main_window(), choose_tag());
+    show(slot, slot.panel().Height(4));
+    click(slot.window(), tag_place(6), Button::right);
+    type(slot.window(), "xyz\x1b");
+    EXPECT_EQ(hostkit::Tag_Label(6), nullptr);
+    EXPECT_FALSE(slot.host().Editing());
+}
+
+TEST_F(PanelsInHost, ALockedTagIsNotChosen)
+{
+    Panel_Slot<Tool_Tag> slot(main_window(), choose_tag());
+    show(slot, slot.panel().Height(4));
+    hostkit::Tag_Lock(6, true);
+    Fct_Update(locks, nullptr, nullptr, nullptr);
+    click(slot.window(), tag_place(6));
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 0);
+    hostkit::Tag_Lock(6, false);
+    Fct_Update(locks, nullptr, nullptr, nullptr);
+    click(slot.window(), tag_place(6));
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 6);
+}
+
+TEST_F(PanelsInHost, LocksAndTheCurrentTagOutliveANewSize)
+{
+    Panel_Slot<Tool_Tag> slot(main_window(), choose_tag());
+    hostkit::Tag_Lock(6, true);
+    Variable<unsigned short>("$TAG_CUR") = 9;
+    show(slot, slot.panel().Height(4));
+    EXPECT_EQ(slot.panel().Read(), 9);
+    click(slot.window(), tag_place(6));
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 9);
+    MoveWindow(slot.window(), 0, 0, width + 8, slot.panel().Height(4), TRUE);
+    click(slot.window(), tag_place(6));
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 9);
+}
+
+TEST_F(PanelsInHost, TheWheelScrollsTheTags)
+{
+    Panel_Slot<Tool_Tag> slot(main_window(), choose_tag());
+    show(slot, 97 - 44); // half of the rows
+    const Place lowest{60, 8};
+    turn_wheel(slot.window(), lowest, -10 * WHEEL_DELTA);
+    click(slot.window(), lowest);
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 12);
+    turn_wheel(slot.window(), lowest, 10 * WHEEL_DELTA);
+    click(slot.window(), {60, 53 - 8});
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 0);
+}
+
+TEST_F(PanelsInHost, TheSliderIsDraggedBeyondTheWindow)
+{
+    Panel_Slot<Tool_Tag> slot(main_window(), choose_tag());
+    show(slot, 97 - 44);
+    press(slot.window(), {10, 45});
+    move(slot.window(), {10, -200});
+    release(slot.window(), {10, -200});
+    click(slot.window(), {60, 8});
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 12);
+}
+
+TEST_F(PanelsInHost, BrushesAreChosenAndRecolouredTogetherWithTheTags)
+{
+    Panel_Slot<Tool_Tag> tags(main_window(), choose_tag());
+    show(tags, tags.panel().Height(4));
+    std::unique_ptr<Panel_Slot<Tool_Brush>> brushes;
+    brushes = std::make_unique<Panel_Slot<Tool_Brush>>(main_window(), Panel_Rules{.clicked = [&](int used) {
+        if (!used)
+            return;
+        Variable<unsigned short>("$BRUSH_CUR") = static_cast<unsigned short>(brushes->panel().Read());
+        Fct_Update(brushes_changed, nullptr, nullptr, nullptr);
+    }});
+    MoveWindow(brushes->window(), 0, 200, 308, brushes->panel().Height(), TRUE);
+    ShowWindow(brushes->window(), SW_SHOW);
+    EXPECT_NE(hostkit::Brush_Shape(2)[12][12], 0) << "the layout's refresh has built the shapes";
+
+    click(tags.window(), tag_place(6));
+    const Place fifth{4 + 4 * 60 + 30, 20};
+    EXPECT_EQ(pixel(brushes->window(), fifth), hostkit::Tag_Color(6));
+    click(brushes->window(), fifth);
+    EXPECT_EQ(Variable<unsigned short>("$BRUSH_CUR"), 4);
+    EXPECT_EQ(brushes->panel().Read(), 4);
+    keep_picture(tags.window(), "tag_panel");
+    keep_picture(brushes->window(), "brush_panel");
+}
