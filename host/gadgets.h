@@ -237,6 +237,7 @@ private:
     int Length() const;
     int Thumb_Length() const;
     float Thumb_Start() const;
+    int Shown_Start() const;
     float Pointer_Position() const;
     float Value_At(float thumb_start) const;
 };
@@ -276,9 +277,11 @@ private:
     int anchor_ = 0;             // other end of the selection, byte offset
     int scroll_ = 0;             // pixels of text hidden at the left
     unsigned char finished_ = 0; // 1 finished, 2 cancelled, until Update has told
+    unsigned char dragging_ = 0; // a press inside is held: the pointer selects
 
     void Edit(int key);
     void Replace(int from, int to, const char* text);
     void Move_Caret(int to);
+    void Point_Caret(bool pressed);
     int Offset_At_Pointer() const;
 };

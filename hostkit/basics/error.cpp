@@ -26,6 +26,16 @@ std::string formatted(const char* format, va_list arguments)
     return text;
 }
 
+// For when there is no memory for the text: what fits goes to standard error.
+void print_shortened(const char* format, va_list arguments) VETRA_PRINTF(1, 0);
+
+void print_shortened(const char* format, va_list arguments)
+{
+    char text[1024];
+    std::vsnprintf(text, sizeof text, format, arguments);
+    std::fprintf(stderr, "%s\n", text);
+}
+
 bool is_wanted(int level)
 {
     const auto& wants = hostkit::current_sink().also_wants;
@@ -41,12 +51,15 @@ int Error_Fct(HWND window, int level, const char* format, ...)
         return 0;
     va_list arguments;
     va_start(arguments, format);
-    int shown = 0;
+    va_list again;
+    va_copy(again, arguments);
+    int shown = 1;
     try {
         shown = hostkit::current_sink().show({window, level, formatted(format, arguments)});
     } catch (const std::exception&) {
-        std::fputs("A report could not be shown.\n", stderr);
+        print_shortened(format, again);
     }
+    va_end(again);
     va_end(arguments);
     return shown;
 }

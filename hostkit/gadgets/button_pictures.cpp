@@ -11,11 +11,6 @@ struct Face {
     Colors frame;
 };
 
-unsigned to_pixel(Colors color)
-{
-    return unsigned{color.red} << 16 | unsigned{color.green} << 8 | color.blue;
-}
-
 Face face_of(const Tools& button, int number)
 {
     using hostkit::blend;
@@ -30,7 +25,7 @@ void paint_face(unsigned* pixels, int width, int height, int thickness, Face fac
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             const int from_edge = std::min({x, y, width - 1 - x, height - 1 - y});
-            *pixels++ = to_pixel(from_edge < thickness ? face.frame : face.inside);
+            *pixels++ = hostkit::to_picture_pixel(from_edge < thickness ? face.frame : face.inside);
         }
     }
 }

@@ -66,6 +66,8 @@ unsigned short Buttons::Look() const
 
 void Buttons::Draw()
 {
+    if (!Shown())
+        shown = 0;
     if (!Shown() || !window || width <= 0 || height <= 0)
         return;
     if (Row())
@@ -77,25 +79,26 @@ void Buttons::Draw()
 
 void Buttons::Adjust()
 {
-    if (shown != Look() + 1)
+    if (!Shown() || shown != Look() + 1)
         Draw();
 }
 
 // A swatch of the item's colour, its caption, and its mark.
 void Buttons::Draw_Row()
 {
-    constexpr int gap = 6;
     const Paint paint(window, "Buttons::Draw");
     const Row_Colors colors = row_colors(*this, highlight_);
     const Area face = hostkit::area_of(*this).inset(1);
     paint.frame(hostkit::area_of(*this), 1, back);
     paint.fill(face, colors.face);
-    const int swatch = std::min(14, face.width / 3);
+    const int swatch = std::min(14, face.width / 5);
+    const int gap = swatch < 14 ? 4 : 6;
     paint.fill({face.x, face.y, swatch, face.height}, colors.swatch);
     if (cur)
         paint.frame(face, 1, text);
 
-    const bool marked = (state & shows_mark_bit) != 0;
+    constexpr int room_for_mark = 24;
+    const bool marked = (state & shows_mark_bit) != 0 && face.width >= room_for_mark;
     const int left = face.x + swatch + gap;
     const int right = face.x + face.width - (marked ? 15 : 3);
     paint.text({left, face.y, right - left, face.height}, name.get(), font, colors.caption);
@@ -108,9 +111,11 @@ void Buttons::Draw_Picture()
     const Paint paint(window, "Buttons::Draw");
     const Area area = hostkit::area_of(*this);
     const bool greyed = (state & greyed_bit) != 0;
-    const unsigned* pixels = greyed ? nullptr : Picture(Picture_To_Show());
-    if (pixels) {
-        paint.picture(area, pixels);
+    if (const unsigned* pixels = Picture(greyed ? 1 : Picture_To_Show())) {
+        if (greyed)
+            paint.faint_picture(area, pixels, back);
+        else
+            paint.picture(area, pixels);
     } else {
         paint.fill(area, blend(text, back, 8));
         paint.frame(area, std::min<int>(border, BORDER), blend(frame, back, 128));
@@ -121,9 +126,7 @@ void Buttons::Draw_Picture()
 
 int Buttons::Select(int up_down)
 {
-    if (!Active())
-        return 0;
-    const bool inside = Pointer_Inside();
+    const bool inside = Active() && Pointer_Inside();
     if (up_down == question)
         return inside;
     const bool down = (up_down & 3) != 0;

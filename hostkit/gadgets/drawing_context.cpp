@@ -1,7 +1,8 @@
 #include "host/basics.h"
 #include "host/gadgets.h"
 
-#include <vector>
+#include <array>
+#include <cstddef>
 
 HDC Y_DC = nullptr;
 HWND Y_Window = nullptr;
@@ -21,18 +22,28 @@ struct Bracket {
     int depth;
 };
 
-// The brackets that are open: the last one is the one being drawn in.
-std::vector<Bracket>& open_brackets()
+// The brackets that are open: the last one is the one being drawn in. Room for a window within a window many times
+// over, and no memory to be asked for; what is nested deeper gets no context.
+constexpr std::size_t most_brackets = 32;
+std::array<Bracket, most_brackets> brackets;
+std::size_t open_brackets = 0;
+
+Bracket* innermost()
 {
-    static auto& brackets = *new std::vector<Bracket>;
-    return brackets;
+    static Bracket without_context;
+    if (open_brackets == 0)
+        return nullptr;
+    if (open_brackets <= most_brackets)
+        return &brackets[open_brackets - 1];
+    without_context = {nullptr, nullptr, 1};
+    return &without_context;
 }
 
 void show_innermost()
 {
-    const auto& brackets = open_brackets();
-    Y_DC = brackets.empty() ? nullptr : brackets.back().context;
-    Y_Window = brackets.empty() ? nullptr : brackets.back().window;
+    const Bracket* bracket = innermost();
+    Y_DC = bracket ? bracket->context : nullptr;
+    Y_Window = bracket ? bracket->window : nullptr;
 }
 
 // y grows upward from the lower-left corner.
@@ -55,14 +66,15 @@ int Y_setup(HWND window, const char* caller)
         Critical_Flag = 1;
     }
     EnterCriticalSection(&Critical);
-    auto& brackets = open_brackets();
-    if (!brackets.empty() && window && brackets.back().window == window) {
-        ++brackets.back().depth;
-        return brackets.back().context != nullptr;
+    if (Bracket* open = innermost(); open && window && open->window == window) {
+        ++open->depth;
+        return open->context != nullptr;
     }
     // On Windows a null window would give the whole screen.
-    const HDC context = window ? GetDC(window) : nullptr;
-    brackets.push_back({context, window, 1});
+    const bool can_open = window && open_brackets < most_brackets;
+    const HDC context = can_open ? GetDC(window) : nullptr;
+    ++open_brackets;
+    *innermost() = {context, window, 1};
     show_innermost();
     if (!context) {
         Error_Fct(hwnd, 11, "Y_setup(%s) GetDC failed", caller ? caller : "---");
@@ -74,16 +86,15 @@ int Y_setup(HWND window, const char* caller)
 
 void Y_release()
 {
-    auto& brackets = open_brackets();
-    if (brackets.empty()) {
+    Bracket* open = innermost();
+    if (!open) {
         Error_Fct(hwnd, 11, "Y_release() Failed!");
         return;
     }
-    if (--brackets.back().depth == 0) {
-        const Bracket closed = brackets.back();
-        if (!closed.context || !ReleaseDC(closed.window, closed.context))
+    if (--open->depth == 0) {
+        if (!open->context || !ReleaseDC(open->window, open->context))
             Error_Fct(hwnd, 11, "Y_release() Failed!");
-        brackets.pop_back();
+        --open_brackets;
         show_innermost();
     }
     LeaveCriticalSection(&Critical);

@@ -1,6 +1,8 @@
 #include "hostkit/gadgets/paint.h"
 
 #include <algorithm>
+#include <memory>
+#include <new>
 
 namespace hostkit {
 
@@ -65,9 +67,30 @@ Colors blend(Colors one, Colors other, int share)
     return {mixed(one.red, other.red), mixed(one.green, other.green), mixed(one.blue, other.blue)};
 }
 
-int lightness(Colors color)
+unsigned to_picture_pixel(Colors color)
 {
-    return (color.red * 30 + color.green * 59 + color.blue * 11) / 100;
+    return unsigned{color.red} << 16 | unsigned{color.green} << 8 | color.blue;
+}
+
+Colors from_picture_pixel(unsigned pixel)
+{
+    const auto channel = [pixel](int shift) { return static_cast<unsigned char>(pixel >> shift & 0xff); };
+    return {channel(16), channel(8), channel(0)};
+}
+
+namespace {
+
+// Texts are drawn with a font selected; one that there is no memory for is not drawn.
+template <class Work>
+void with_font(HFONT font, const Work& work)
+{
+    const Selected_Font selected(font);
+    try {
+        work();
+    } catch (const std::bad_alloc&) {
+    }
+}
+
 }
 
 Paint::Paint(HWND window, const char* caller) : open_(window != nullptr), ready_(window && Y_setup(window, caller)) {}
@@ -137,33 +160,32 @@ void Paint::text(const Area& area, const char* text, HFONT font, Colors color) c
 {
     if (!ready_ || area.empty())
         return;
-    const Selected_Font selected(font);
-    line(area, fitted(widened(text), area.width), area.x, color);
+    with_font(font, [&] { line(area, fitted(widened(text), area.width), area.x, color); });
 }
 
 void Paint::centred_text(const Area& area, const char* text, HFONT font, Colors color) const
 {
     if (!ready_ || area.empty())
         return;
-    const Selected_Font selected(font);
-    const Wide shown = fitted(widened(text), area.width);
-    line(area, shown, area.x + (area.width - measured(shown)) / 2, color);
+    with_font(font, [&] {
+        const Wide shown = fitted(widened(text), area.width);
+        line(area, shown, area.x + (area.width - measured(shown)) / 2, color);
+    });
 }
 
 void Paint::scrolled_text(const Area& area, std::string_view text, int hidden, HFONT font, Colors color) const
 {
     if (!ready_ || area.empty())
         return;
-    const Selected_Font selected(font);
-    line(area, widened(text), area.x - hidden, color);
+    with_font(font, [&] { line(area, widened(text), area.x - hidden, color); });
 }
 
 int Paint::text_width(std::string_view text, HFONT font) const
 {
-    if (!ready_)
-        return 0;
-    const Selected_Font selected(font);
-    return measured(widened(text));
+    int width = 0;
+    if (ready_)
+        with_font(font, [&] { width = measured(widened(text)); });
+    return width;
 }
 
 void Paint::picture(const Area& area, const unsigned* pixels) const
@@ -186,6 +208,21 @@ void Paint::picture(const Area& area, const unsigned* pixels) const
     StretchDIBits(Y_DC, corner.x, corner.y, area.width, area.height, 0, 0, area.width, area.height, pixels,
         &description, DIB_RGB_COLORS, SRCCOPY);
     RestoreDC(Y_DC, state);
+}
+
+void Paint::faint_picture(const Area& area, const unsigned* pixels, Colors back) const
+{
+    if (!ready_ || area.empty() || !pixels)
+        return;
+    const auto count = static_cast<size_t>(area.width) * static_cast<size_t>(area.height);
+    const std::unique_ptr<unsigned[]> faint(new (std::nothrow) unsigned[count]);
+    if (!faint)
+        return fill(area, back);
+    std::transform(pixels, pixels + count, faint.get(), [back](unsigned pixel) {
+        constexpr int share = 90;
+        return to_picture_pixel(blend(from_picture_pixel(pixel), back, share));
+    });
+    picture(area, faint.get());
 }
 
 }

@@ -24,8 +24,9 @@ Area area_of(const Tools& widget);
 /// `share` of 255 of the one colour, the rest of the other.
 Colors blend(Colors one, Colors other, int share);
 
-/// How much light a colour gives, 0 to 255.
-int lightness(Colors color);
+/// The pixels of pictures have blue in the low byte.
+unsigned to_picture_pixel(Colors color);
+Colors from_picture_pixel(unsigned pixel);
 
 /// The drawing context of a window, for as long as it lives. Without a window everything does nothing.
 class Paint {
@@ -53,6 +54,9 @@ public:
 
     /// 32-bit pixels, width x height of the area, the top row first.
     void picture(const Area& area, const unsigned* pixels) const;
+
+    /// The same, faded towards a background.
+    void faint_picture(const Area& area, const unsigned* pixels, Colors back) const;
 
 private:
     using Wide = std::basic_string<WCHAR>;

@@ -56,6 +56,12 @@ float Sliders::Thumb_Start() const
     return travel * (has_minimum_at_far_end(state) ? 1 - share : share);
 }
 
+// The pixel that the thumb is drawn from.
+int Sliders::Shown_Start() const
+{
+    return static_cast<int>(std::lround(Thumb_Start()));
+}
+
 float Sliders::Value_At(float thumb_start) const
 {
     const auto travel = static_cast<float>(Length() - Thumb_Length());
@@ -95,7 +101,7 @@ void Sliders::Draw()
     }
     drawn_ = 1;
     paint.fill(area, blend(text, back, 10));
-    const int start = static_cast<int>(std::lround(Thumb_Start()));
+    const int start = Shown_Start();
     const Area handle =
         Vertical() ? Area{x, y + start, width, Thumb_Length()} : Area{x + start, y, Thumb_Length(), height};
     const int lift = !Active() ? 20 : grabbed_ ? 130 : highlight_ ? 100 : 72;
@@ -104,11 +110,13 @@ void Sliders::Draw()
 
 int Sliders::Select(int up_down)
 {
-    if (!Active())
-        return 0;
-    const bool inside = Pointer_Inside();
+    const bool inside = Active() && Pointer_Inside();
     if (up_down == question)
         return inside;
+    if (!Active()) {
+        grabbed_ = highlight_ = 0; // it may come back under another pointer
+        return 0;
+    }
     if ((up_down & 2) != 0 && inside && Has_Range()) {
         grabbed_ = 2;
         return 1;
@@ -129,13 +137,16 @@ float Sliders::Read()
         return value;
     const float pointer = Pointer_Position();
     if (grabbed_ == 2) {
-        const float along = pointer - Thumb_Start();
+        const float along = pointer - static_cast<float>(Shown_Start());
         const auto length = static_cast<float>(Thumb_Length());
         const bool on_thumb = along >= 0 && along < length;
-        grip_ = on_thumb ? along : length / 2;
+        grip_ = on_thumb ? pointer - Thumb_Start() : length / 2;
         grabbed_ = 1;
     }
-    value = Value_At(pointer - grip_);
+    // A thumb that is held still keeps its value to the last digit.
+    const float start = pointer - grip_;
+    if (std::abs(start - Thumb_Start()) >= 0.5f)
+        value = Value_At(start);
     return value;
 }
 

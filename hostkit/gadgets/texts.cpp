@@ -5,6 +5,7 @@
 #include <cstring>
 #include <new>
 #include <string>
+#include <utility>
 
 using hostkit::Area;
 using hostkit::blend;
@@ -30,7 +31,8 @@ bool is_printable(int key)
 {
     const bool navigation = key >= first_navigation_key && key <= delete_key;
     const bool half_of_a_pair = key >= 0xd800 && key <= 0xdfff;
-    return key >= 32 && key != 127 && key <= 0x10ffff && !navigation && !half_of_a_pair;
+    const bool control = key < 32 || (key >= 127 && key < 160);
+    return !control && key <= 0x10ffff && !navigation && !half_of_a_pair;
 }
 
 }
@@ -62,6 +64,7 @@ void Texts::Read(const char* loaded)
     caret_ = anchor_ = static_cast<int>(std::strlen(content_.get()));
     scroll_ = 0;
     finished_ = editing;
+    dragging_ = 0;
     hostkit::Note_Active_Text(this);
 }
 
@@ -81,6 +84,8 @@ char* Texts::Update()
 
 void Texts::Input(int key)
 {
+    if (key == escape || key == enter)
+        hostkit::Forget_Text(this);
     if (key == escape) {
         content_ = loaded_;
         caret_ = anchor_ = static_cast<int>(std::strlen(content_.get()));
@@ -99,6 +104,7 @@ void Texts::Edit(int key)
     const int from = std::min(caret_, anchor_);
     const int to = std::max(caret_, anchor_);
     const bool selected = from != to;
+    const bool drops_selection = selected && !getkey(VK_SHIFT);
     switch (key) {
     case backspace:
         Replace(selected ? from : hostkit::previous_character(present, caret_), to, "");
@@ -107,10 +113,10 @@ void Texts::Edit(int key)
         Replace(from, selected ? to : hostkit::next_character(present, caret_), "");
         return;
     case left_key:
-        Move_Caret(hostkit::previous_character(present, caret_));
+        Move_Caret(drops_selection ? from : hostkit::previous_character(present, caret_));
         return;
     case right_key:
-        Move_Caret(hostkit::next_character(present, caret_));
+        Move_Caret(drops_selection ? to : hostkit::next_character(present, caret_));
         return;
     case home_key:
         Move_Caret(0);
@@ -133,9 +139,12 @@ void Texts::Replace(int from, int to, const char* by)
     try {
         std::string changed = content_.get();
         changed.replace(static_cast<size_t>(from), static_cast<size_t>(to - from), by);
-        content_.set(changed.c_str());
-        caret_ = anchor_ =
-            std::min(from + static_cast<int>(std::strlen(by)), static_cast<int>(std::strlen(content_.get())));
+        Caption replaced;
+        replaced.set(changed.c_str());
+        if (changed != replaced.get())
+            return; // no memory
+        content_ = std::move(replaced);
+        caret_ = anchor_ = from + static_cast<int>(std::strlen(by));
     } catch (const std::bad_alloc&) {
         // The key is lost, the text is not.
     }
@@ -157,13 +166,20 @@ int Texts::Select(int up_down, short dx, short dy)
     if (up_down == is_active_question)
         return 1;
     const bool inside = Pointer_Inside(dx, dy);
-    if (inside && (up_down & 3) != 0) {
-        caret_ = Offset_At_Pointer();
-        if (up_down & 2)
-            anchor_ = caret_;
-        Draw();
-    }
+    const bool pressed = (up_down & 2) != 0;
+    dragging_ = pressed ? inside : dragging_ && (up_down & 1) != 0;
+    if (dragging_)
+        Point_Caret(pressed);
     return inside;
+}
+
+// A press puts the caret under the pointer, a drag extends the selection to it.
+void Texts::Point_Caret(bool pressed)
+{
+    caret_ = Offset_At_Pointer();
+    if (pressed)
+        anchor_ = caret_;
+    Draw();
 }
 
 int Texts::Offset_At_Pointer() const
@@ -189,19 +205,20 @@ int Texts::Offset_At_Pointer() const
 
 void Texts::Draw()
 {
-    if (!Active() || !window)
+    if (!Shown() || !window)
         return;
-    hostkit::Note_Active_Text(this);
+    if (finished_ == editing)
+        hostkit::Note_Active_Text(this);
     const Paint paint(window, "Texts::Draw");
     const Area area = hostkit::area_of(*this);
     paint.fill(area, blend(back, {0, 0, 0}, 160));
-    paint.frame(area, 1, text);
+    paint.frame(area, 1, Active() ? text : frame);
     Write();
 }
 
 void Texts::Write()
 {
-    if (!window)
+    if (!Shown() || !window)
         return;
     const Paint paint(window, "Texts::Write");
     const Area inside{x + margin, y + 2, width - 2 * margin, height - 4};
@@ -209,15 +226,17 @@ void Texts::Write()
     const auto width_to = [&](int offset) { return paint.text_width({content, static_cast<size_t>(offset)}, font); };
 
     const int caret = width_to(caret_);
-    scroll_ = std::clamp(scroll_, std::max(caret - inside.width + 1, 0), caret);
+    const int most_hidden = std::max(width_to(static_cast<int>(std::strlen(content))) - inside.width + 1, 0);
+    scroll_ = std::clamp(std::min(scroll_, most_hidden), std::max(caret - inside.width + 1, 0), caret);
     const auto place = [&](int offset) {
         return std::clamp(width_to(offset) - scroll_, 0, std::max(inside.width - 1, 0));
     };
-    if (caret_ != anchor_) {
+    if (caret_ != anchor_ && Active()) {
         const int from = place(std::min(caret_, anchor_));
         const int to = place(std::max(caret_, anchor_));
         paint.fill({inside.x + from, inside.y, to - from, inside.height}, blend(text, back, 80));
     }
-    paint.scrolled_text(inside, content, scroll_, font, text);
-    paint.fill({inside.x + place(caret_), inside.y + 1, 1, inside.height - 2}, text);
+    paint.scrolled_text(inside, content, scroll_, font, Active() ? text : blend(text, back, 90));
+    if (Active())
+        paint.fill({inside.x + place(caret_), inside.y + 1, 1, inside.height - 2}, text);
 }
