@@ -88,8 +88,8 @@ TEST_F(Context, NoneMakesEveryCallFail)
     EXPECT_FALSE(LPtoDP(nullptr, &place, 1));
     EXPECT_FALSE(DPtoLP(nullptr, &place, 1));
     EXPECT_EQ(SelectObject(nullptr, GetStockObject(NULL_PEN)), nullptr);
-    EXPECT_EQ(SelectClipRgn(nullptr, nullptr), ERROR_REGION);
-    EXPECT_EQ(IntersectClipRect(nullptr, 0, 0, 1, 1), ERROR_REGION);
+    EXPECT_EQ(SelectClipRgn(nullptr, nullptr), RGN_ERROR);
+    EXPECT_EQ(IntersectClipRect(nullptr, 0, 0, 1, 1), RGN_ERROR);
     EXPECT_EQ(SetROP2(nullptr, R2_COPYPEN), 0);
     EXPECT_FALSE(MoveToEx(nullptr, 0, 0, nullptr));
     EXPECT_FALSE(LineTo(nullptr, 1, 1));
@@ -214,7 +214,7 @@ TEST_F(Text, HasTheExtentOfItsMetrics)
     EXPECT_EQ(one.cy, metrics.tmHeight);
     EXPECT_EQ(metrics.tmHeight, metrics.tmAscent + metrics.tmDescent);
     EXPECT_GT(one.cx, 0);
-    EXPECT_EQ(three.cx, 3 * one.cx);
+    EXPECT_NEAR(three.cx, 3 * one.cx, 3); // a letter may be as wide as a fraction of a pixel
     SIZE none{7, 7};
     EXPECT_TRUE(GetTextExtentPoint32W(dc, wide("n").c_str(), 0, &none));
     EXPECT_EQ(none.cx, 0);

@@ -409,3 +409,15 @@ TEST_F(Drawing, AxisParallelShapesAreWhatTheyShouldBeToThePixel)
     }
     EXPECT_EQ(picture(width, height), reference.picture());
 }
+
+TEST_F(Drawing, TheContextsBrushHasTheColourThatIsSet)
+{
+    const RECT area{1, 1, 3, 3};
+    auto* const brush = static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+    SetDCBrushColor(dc, RGB(10, 20, 30));
+    FillRect(dc, &area, brush);
+    EXPECT_EQ(pixel(1, 1), RGB(10, 20, 30));
+    EXPECT_EQ(SetDCBrushColor(dc, white), RGB(10, 20, 30));
+    FillRect(dc, &area, brush);
+    EXPECT_EQ(pixel(2, 2), white);
+}

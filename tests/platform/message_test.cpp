@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <thread>
 
 using test::Test_Window;
 
@@ -99,29 +98,6 @@ TEST_F(Messages, PostedToADestroyedWindowReachNobody)
     DestroyWindow(window.handle());
     test::pump();
     EXPECT_EQ(window.count(WM_USER), 0);
-}
-
-TEST_F(Messages, PostedByAnotherThreadArriveWholeAndInOrder)
-{
-    constexpr WPARAM total = 2000;
-    std::vector<WPARAM> seen;
-    window.handler = [&](UINT message, WPARAM wparam, LPARAM) -> std::optional<LRESULT> {
-        if (message != WM_USER)
-            return {};
-        seen.push_back(wparam);
-        return 0;
-    };
-    std::thread sender([&] {
-        for (WPARAM i = 0; i < total; ++i)
-            PostMessageA(window.handle(), WM_USER, i, 0);
-        PostMessageA(window.handle(), WM_USER + 1, 0, 0);
-    });
-    MSG message{};
-    while (GetMessageA(&message, nullptr, 0, 0) && message.message != WM_USER + 1)
-        DispatchMessageA(&message);
-    sender.join();
-    ASSERT_EQ(seen.size(), total);
-    EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
 }
 
 TEST_F(Messages, DefaultProcedureAnswersZero)

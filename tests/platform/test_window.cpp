@@ -40,7 +40,8 @@ LRESULT CALLBACK Test_Window::Procedure(HWND window, UINT message, WPARAM wparam
         return DefWindowProcA(window, message, wparam, lparam);
     self->handle_ = window;
     self->messages_.push_back({message, wparam, lparam});
-    const std::optional<LRESULT> answer = self->handler ? self->handler(message, wparam, lparam) : std::nullopt;
+    const Handler now = self->handler; // it may be replaced while it runs
+    const std::optional<LRESULT> answer = now ? now(message, wparam, lparam) : std::nullopt;
     return answer ? *answer : DefWindowProcA(window, message, wparam, lparam);
 }
 

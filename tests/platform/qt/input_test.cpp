@@ -63,10 +63,11 @@ protected:
 
     void turn_wheel(int delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        const QPoint place(10, 10);
+        const QPoint place = widget->mapTo(&outside, QPoint(10, 10));
         QWheelEvent event(
-            place, widget->mapToGlobal(place), {}, {0, delta}, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(widget, &event);
+            place, outside.mapToGlobal(place), {}, {0, delta}, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&event); // Qt passes on only what the system sent
+        qApp->notify(outside.windowHandle(), &event);
     }
 
     Outside outside;
@@ -102,7 +103,9 @@ TEST_F(Qt_Input, MouseButtonsArriveWithPlaceAndState)
 
 TEST_F(Qt_Input, SecondPressOfADoubleClickIsAPress)
 {
-    QTest::mouseDClick(widget, Qt::LeftButton, {}, {5, 5});
+    QTest::mouseClick(widget, Qt::LeftButton, {}, {5, 5});
+    QTest::mouseDClick(widget, Qt::LeftButton, {}, {5, 5}); // the second press alone
+    QTest::mouseRelease(widget, Qt::LeftButton, {}, {5, 5});
     EXPECT_EQ(window.count(WM_LBUTTONDOWN), 2);
     EXPECT_EQ(window.count(WM_LBUTTONUP), 2);
 }
