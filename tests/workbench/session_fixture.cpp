@@ -1,0 +1,67 @@
+#include "tests/workbench/session_fixture.h"
+
+#include <algorithm>
+
+namespace test {
+
+document::Opened made_image(int width, int height, int depth, std::array<double, 3> spacing)
+{
+    document::Opened opened;
+    auto& volume = opened.volume;
+    volume.type = document::PixelType::u16;
+    volume.geometry.size = {width, height, depth};
+    volume.geometry.spacing = spacing;
+    volume.pixels = document::PixelMemory::allocate(volume.geometry.voxels() * 2);
+    auto* pixel = reinterpret_cast<std::uint16_t*>(volume.pixels.data());
+    for (int z = 0; z < depth; ++z)
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                *pixel++ = std::uint16_t(100 * z + 10 * y + x);
+    volume.series = "Made";
+    volume.files = {"/images/made.nii"};
+    for (int z = 0; z < depth; ++z)
+        volume.frames.push_back({z * spacing[2], z + 1, volume.files[0]});
+    return opened;
+}
+
+SessionTest::SessionTest()
+{
+    subscription_ = hostkit::On_Update([this](unsigned long long flags) { broadcasts_.push_back(flags); });
+    brushes_.Update(1ull << 23);
+}
+
+void SessionTest::open(int width, int height, int depth, std::array<double, 3> spacing)
+{
+    const auto failure = session.adoptImage(made_image(width, height, depth, spacing));
+    ASSERT_FALSE(failure) << failure->message;
+}
+
+void SessionTest::choose_brush_of_radius(unsigned radius)
+{
+    const auto* radii = hostkit::Array_Variable<unsigned short>("$BRUSH_SIZE");
+    const auto* found = std::find(radii, radii + session.brushCount(), radius);
+    ASSERT_NE(found, radii + session.brushCount());
+    session.setCurrentBrush(unsigned(found - radii));
+}
+
+void SessionTest::paint(QPoint from, QPoint to, bool erase)
+{
+    const QString refused = session.beginStroke(from, erase);
+    ASSERT_TRUE(refused.isEmpty()) << refused.toStdString();
+    session.continueStroke(to);
+    session.endStroke();
+}
+
+std::vector<std::uint8_t> SessionTest::tags() const
+{
+    const auto all = session.labels().tags();
+    return {all.begin(), all.end()};
+}
+
+std::size_t SessionTest::painted(unsigned tag) const
+{
+    const auto all = session.labels().tags();
+    return std::size_t(std::count(all.begin(), all.end(), tag));
+}
+
+}

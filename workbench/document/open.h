@@ -1,0 +1,47 @@
+#pragma once
+
+#include "workbench/document/progress.h"
+#include "workbench/document/result.h"
+#include "workbench/document/volume.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace document {
+
+/// What was opened, and what the user should know about it ("It holds 12 volumes; the first is shown.").
+struct Opened {
+    Volume volume;
+    std::vector<std::string> notices;
+};
+
+/// Opens an image: a DICOM file (with the rest of its series from the same folder), a folder with a DICOM series, NIfTI
+/// (.nii, .nii.gz, .hdr/.img), NRRD (.nrrd, .nhdr), MetaImage (.mha, .mhd), PNG, JPEG, TIFF or BMP. What a file is,
+/// its content decides, not its name.
+///
+/// Several paths: DICOM files among them are read as one series, that of the first; otherwise the first path is opened
+/// and a notice names the others. Of a folder with several series the one with the most frames is opened (of equals the
+/// first by name) and a notice names the others. Frames are sorted by position along their normal.
+///
+/// Every size is checked against the file and the free memory before anything is believed or allocated. Safe to call in
+/// any thread, in one at a time. Never throws.
+Result<Opened> open(const std::vector<std::filesystem::path>& paths, const Progress& progress = {});
+
+/// One DICOM series of a folder.
+struct Series {
+    std::string uid;
+    std::string description; ///< may be empty. These are UTF-8
+    std::string modality;
+    std::string patient;
+    std::vector<std::filesystem::path> files; ///< in the order of the frames
+};
+
+/// The DICOM series directly inside a folder, ordered by description and uid; a folder without any gives an empty list.
+/// Never throws.
+Result<std::vector<Series>> list_series(const std::filesystem::path& folder, const Progress& progress = {});
+
+/// Opens one of them. Never throws.
+Result<Opened> open_series(const Series& series, const Progress& progress = {});
+
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "hostkit/structures/tree.h"
+
+#include <optional>
+#include <QPointF>
+
+namespace document {
+class Volume;
+}
+
+namespace workbench {
+
+/// What panels see of the open image: root -> series -> frames in the host's 2D tree, and the window that shows one of
+/// them.
+class ImageTree {
+public:
+    ImageTree();
+    ~ImageTree();
+    ImageTree(const ImageTree&) = delete;
+    ImageTree& operator=(const ImageTree&) = delete;
+
+    /// Puts the series of a volume in place of the one before and shows its frame z; tells the panels once everything
+    /// is in place. Throws std::bad_alloc and leaves everything as it was.
+    void replace(const document::Volume& volume, int z);
+
+    /// The frame that the window shows, from 0; 0 when it shows none.
+    int shown() const;
+    /// Lets the window show another one; the frame must exist.
+    void show(int z);
+
+    /// The first frame that is selected in the tree, if the shown one is not.
+    std::optional<int> selectedInstead() const;
+
+    /// The pointer is at a position of the shown frame, or over none.
+    void setPointer(std::optional<QPointF> position);
+
+private:
+    Strato_Window* window_;
+    Strato_2D* series_ = nullptr;
+};
+
+}

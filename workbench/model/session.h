@@ -1,0 +1,190 @@
+#pragma once
+
+#include "hostkit/structures/broadcast.h"
+#include "workbench/document/open.h"
+#include "workbench/model/fresh_host.h"
+#include "workbench/model/image_tree.h"
+#include "workbench/model/stroke.h"
+#include "workbench/model/tag_names.h"
+#include "workbench/model/voxel.h"
+
+#include <memory>
+#include <optional>
+#include <QColor>
+#include <QObject>
+#include <QPointF>
+#include <QRect>
+#include <QString>
+#include <QUndoStack>
+
+namespace workbench {
+
+/// What is open and what is being done with it: the image, its label map, the shown frame, the window, the current tag
+/// and brush, the stroke that is being painted and the steps that can be undone. It knows no widget; views and panels
+/// follow its signals and the host's broadcasts.
+///
+/// The current tag, tag names, colours, locks and brushes are the host's shared variables, which panels change as well;
+/// a session only gives them a face. There is one session at a time: making it makes the host afresh, so make it before
+/// any panel. For the interface thread only.
+class Session : public QObject {
+    Q_OBJECT
+public:
+    explicit Session(QObject* parent = nullptr);
+    ~Session() override;
+
+    // -------------------------------------------------------------------------------------------------- the image
+
+    bool hasImage() const { return image_ != nullptr; }
+
+    /// Only when there is an image.
+    const document::Volume& volume() const { return image_->volume; }
+    const document::LabelMap& labels() const { return image_->labels; }
+
+    /// Shows another image, with an empty label map, its middle frame and its suggested window. Fails when there is no
+    /// memory for the label map; what was open stays open then. The steps of undo go with the old image, saved or not:
+    /// ask before.
+    std::optional<document::Failure> adoptImage(document::Opened opened);
+
+    /// What the image is called, for titles: the name of its file, or of its series. Empty without an image.
+    QString imageName() const;
+    /// The full names of the files it was read from.
+    QStringList imageFiles() const;
+
+    // ----------------------------------------------------------------------------------------------------- labels
+
+    /// Makes `labels`, which were loaded from `path`, the labels of the image: one step that can be undone. Fails when
+    /// they do not have the size of the image or memory is short; nothing has changed then.
+    std::optional<document::Failure> adoptLabels(const document::LabelMap& labels, const QString& path);
+
+    /// A copy of the labels for a thread that saves it while the user paints on. A stroke in progress is ended first.
+    /// Only when there is an image.
+    struct Snapshot {
+        document::LabelMap labels;
+        std::uint64_t revision; ///< for markSaved
+    };
+    document::Result<Snapshot> snapshot();
+
+    /// The labels of that revision are in the file `path` now. Without effect when they belong to an image that is no
+    /// longer open.
+    void markSaved(const QString& path, std::uint64_t revision);
+
+    /// The file that the labels were saved to or loaded from; empty when there is none yet.
+    QString labelPath() const { return labelPath_; }
+
+    /// Whether the labels differ from that file, or from an empty map when there is none. Exact through undo and redo.
+    bool isModified() const { return revision_ != savedRevision_; }
+
+    // ------------------------------------------------------------------------------------------------- the frames
+
+    int frameCount() const { return image_ ? image_->volume.frame_count() : 0; }
+
+    /// The frame that the window shows, from 0; 0 without an image.
+    int frame() const;
+    /// Shows another; clamped to those that there are. A stroke in progress is ended.
+    void setFrame(int z);
+
+    /// The grey values from black to white.
+    document::Window window() const { return window_; }
+    void setWindow(document::Window window); ///< a width that is not above 0 is made small
+    void resetWindow();                      ///< to the suggested one
+
+    /// How much of a voxel's colour is its tag's, 0 to 1.
+    double overlayOpacity() const { return opacity_; }
+    void setOverlayOpacity(double opacity); ///< clamped
+
+    /// The pointer is over this voxel of the shown frame (with its fraction), or over none: tells the panels.
+    void setPointer(std::optional<QPointF> position);
+
+    // ---------------------------------------------------------------------------------------------------- the tags
+
+    unsigned tagCount() const;
+    unsigned currentTag() const;
+    void setCurrentTag(unsigned tag); ///< ignored when there is no such tag
+
+    QString tagName(unsigned tag) const;  ///< as the user wrote it; may be empty
+    QString tagTitle(unsigned tag) const; ///< never empty: the name, or "Tag 3"; "Background" for 0
+    QColor tagColour(unsigned tag) const;
+
+    bool isTagLocked(unsigned tag) const;
+    void toggleLock(unsigned tag);
+
+    // ------------------------------------------------------------------------------------------------- the brushes
+
+    unsigned brushCount() const;
+    unsigned currentBrush() const;
+    void setCurrentBrush(unsigned brush); ///< ignored when there is no such brush
+    void smallerBrush();
+    void largerBrush();
+    unsigned brushRadius() const; ///< of the current brush, in pixels
+
+    // ---------------------------------------------------------------------------------------------------- painting
+
+    /// Begins a stroke with the current brush at a pixel of the shown frame, which may lie outside; with tag 0 when it
+    /// erases. Returns why not ("Liver is locked. ..."), or an empty text.
+    QString beginStroke(QPoint pixel, bool erase);
+    void continueStroke(QPoint pixel); ///< without effect when there is no stroke
+    void endStroke();                  ///< becomes a step, unless nothing changed
+    void cancelStroke();               ///< takes it back
+    bool isPainting() const { return stroke_ != nullptr; }
+
+    /// Strokes, loaded labels and renamed tags; each step has a text. An undo takes back a stroke in progress first.
+    QUndoStack& undoStack() { return undo_; }
+
+signals:
+    void imageChanged();                         ///< another image, or none; everything below may have changed with it
+    void frameChanged(int z);                    ///< another frame of the same image is shown
+    void windowChanged();                        ///< window()
+    void opacityChanged(double opacity);         ///< overlayOpacity()
+    void labelsChanged(int z, const QRect& box); ///< pixels of a frame, also while a stroke is painted
+    void currentTagChanged(unsigned tag);
+    void tagsChanged();                ///< colours, names or locks
+    void brushChanged();               ///< the current brush, or the set of brushes
+    void titleChanged();               ///< imageName(), labelPath() or isModified()
+    void message(const QString& text); ///< for the status bar
+
+private:
+    friend class LabelCommand;
+    friend class RenameCommand;
+    struct Image {
+        document::Volume volume;
+        document::LabelMap labels;
+    };
+    using Steps = std::vector<document::MaskDifference>;
+    enum class Applied { yes, no };
+
+    void hostChanged(unsigned long long flags);
+    void followFrame();
+    void showSelectedFrame();
+    void pushRenamings();
+    void setTagName(unsigned tag, const std::string& name);
+    void pushSteps(const QString& text, Steps steps, Applied applied);
+    void applySteps(const Steps& steps);
+    void showSteps(const Steps& steps);
+    void setRevision(std::uint64_t revision);
+    Steps stepsTo(const document::LabelMap& labels) const; // throws std::bad_alloc
+    QString paintingRefused(unsigned tag) const;
+    LockedTags lockedTags() const;
+    void strokeFailed();
+
+    FreshHost host_;
+    ImageTree tree_;
+    TagNames names_;
+    std::unique_ptr<Image> image_;
+    std::unique_ptr<Stroke> stroke_;
+    QString strokeText_;
+    QUndoStack undo_;
+    document::Window window_;
+    double opacity_ = 0.5;
+    int shownFrame_ = 0; // that the views know of
+    QString labelPath_;
+
+    // Each state of the labels has a number of its own, so that it is known which of them a file holds.
+    std::uint64_t lastRevision_ = 0;
+    std::uint64_t firstRevision_ = 0; // of this image
+    std::uint64_t revision_ = 0;
+    std::uint64_t savedRevision_ = 0;
+
+    hostkit::Subscription updates_;
+};
+
+}

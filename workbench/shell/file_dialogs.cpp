@@ -1,0 +1,75 @@
+#include "workbench/shell/file_dialogs.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include <utility>
+
+namespace workbench {
+
+namespace {
+
+QString text(const char* source)
+{
+    return QCoreApplication::translate("FileDialogs", source);
+}
+
+QString imageFilter()
+{
+    return text("Images") +
+           QStringLiteral(" (*.nii *.nii.gz *.hdr *.img *.nrrd *.nhdr *.mha *.mhd *.dcm *.png *.jpg"
+                          " *.jpeg *.tif *.tiff *.bmp);;") +
+           text("All files") + QStringLiteral(" (*)");
+}
+
+QString labelFilter()
+{
+    return text("Label maps") + QStringLiteral(" (*.nii.gz *.nii *.nrrd *.mha)");
+}
+
+QFileDialog* makeDialog(QWidget& parent, const QString& title, const QString& folder, FilesChosen chosen)
+{
+    auto* dialog = new QFileDialog(&parent, title, folder);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(dialog, &QFileDialog::filesSelected, &parent, std::move(chosen));
+    return dialog;
+}
+
+}
+
+void chooseImageFiles(QWidget& parent, const QString& folder, FilesChosen chosen)
+{
+    auto* dialog = makeDialog(parent, text("Open image"), folder, std::move(chosen));
+    dialog->setNameFilter(imageFilter());
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    dialog->open();
+}
+
+void chooseImageFolder(QWidget& parent, const QString& folder, FilesChosen chosen)
+{
+    auto* dialog = makeDialog(parent, text("Open folder with a series"), folder, std::move(chosen));
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    dialog->open();
+}
+
+void chooseLabelFile(QWidget& parent, const QString& folder, FilesChosen chosen)
+{
+    auto* dialog = makeDialog(parent, text("Open label map"), folder, std::move(chosen));
+    dialog->setNameFilter(labelFilter() + QStringLiteral(";;") + text("All files") + QStringLiteral(" (*)"));
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->open();
+}
+
+void chooseLabelTarget(QWidget& parent, const QString& path, FilesChosen chosen)
+{
+    auto* dialog = makeDialog(parent, text("Save label map"), QFileInfo(path).absolutePath(), std::move(chosen));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setNameFilter(labelFilter());
+    dialog->setDefaultSuffix(QStringLiteral("nii.gz"));
+    dialog->selectFile(QFileInfo(path).fileName());
+    dialog->open();
+}
+
+}

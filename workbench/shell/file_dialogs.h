@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QStringList>
+
+#include <functional>
+
+class QWidget;
+
+/// The dialogs that ask for files. They return at once; `chosen` is called when something was chosen.
+namespace workbench {
+
+using FilesChosen = std::function<void(const QStringList& paths)>;
+
+void chooseImageFiles(QWidget& parent, const QString& folder, FilesChosen chosen);
+void chooseImageFolder(QWidget& parent, const QString& folder, FilesChosen chosen);
+void chooseLabelFile(QWidget& parent, const QString& folder, FilesChosen chosen);
+
+/// @param path  the name that is offered. A name without ending gets ".nii.gz"
+void chooseLabelTarget(QWidget& parent, const QString& path, FilesChosen chosen);
+
+}

@@ -1,0 +1,77 @@
+#include "workbench/shell/key_help.h"
+
+#include "workbench/shell/theme.h"
+
+#include <QCoreApplication>
+#include <QDialog>
+#include <QGridLayout>
+#include <QLabel>
+
+namespace workbench {
+
+namespace {
+
+struct Entry {
+    const char* keys;
+    const char* meaning; // empty: `keys` is a heading
+};
+
+constexpr Entry entries[] = {
+    {QT_TRANSLATE_NOOP("KeyHelp", "Painting"), ""},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Left drag"), QT_TRANSLATE_NOOP("KeyHelp", "paint the current tag")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Shift + left drag"), QT_TRANSLATE_NOOP("KeyHelp", "erase")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "[   ]"), QT_TRANSLATE_NOOP("KeyHelp", "smaller, larger brush")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "T   Shift + T"), QT_TRANSLATE_NOOP("KeyHelp", "next, previous tag")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "L"), QT_TRANSLATE_NOOP("KeyHelp", "lock or unlock the current tag")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Escape"), QT_TRANSLATE_NOOP("KeyHelp", "take back the stroke being painted")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Ctrl + Z   Ctrl + Shift + Z"), QT_TRANSLATE_NOOP("KeyHelp", "undo, redo")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Looking"), ""},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Wheel, Page Up, Page Down"),
+        QT_TRANSLATE_NOOP("KeyHelp", "move through the slices")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Right drag"),
+        QT_TRANSLATE_NOOP("KeyHelp", "window (sideways) and level (up, down)")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Ctrl + wheel"), QT_TRANSLATE_NOOP("KeyHelp", "zoom at the pointer")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Middle drag, Space + left drag"), QT_TRANSLATE_NOOP("KeyHelp", "move the image")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "0"), QT_TRANSLATE_NOOP("KeyHelp", "fit the image into the window")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "O   Shift + O"), QT_TRANSLATE_NOOP("KeyHelp", "tags stronger, fainter")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Tools"), ""},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Left click on a tag"), QT_TRANSLATE_NOOP("KeyHelp", "make it the current one")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Right click on a tag"),
+        QT_TRANSLATE_NOOP("KeyHelp", "rename it: Enter keeps, Escape leaves it as it was")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Alt + wheel"),
+        QT_TRANSLATE_NOOP("KeyHelp", "scroll the column, wherever the pointer is")},
+};
+
+QLabel* label(const char* text, const char* role)
+{
+    auto* result = new QLabel(QCoreApplication::translate("KeyHelp", text));
+    result->setProperty("role", role);
+    return result;
+}
+
+}
+
+void showKeyHelp(QWidget* parent)
+{
+    auto* dialog = new QDialog(parent);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(QCoreApplication::translate("KeyHelp", "Mouse and keys"));
+    auto* grid = new QGridLayout(dialog);
+    grid->setHorizontalSpacing(3 * theme::spacing);
+    grid->setVerticalSpacing(theme::smallSpacing);
+    grid->setContentsMargins(2 * theme::spacing, 2 * theme::spacing, 2 * theme::spacing, 2 * theme::spacing);
+    int row = 0;
+    for (const Entry& entry : entries) {
+        const bool heading = *entry.meaning == '\0';
+        if (heading && row > 0)
+            grid->setRowMinimumHeight(row++, theme::spacing);
+        grid->addWidget(label(entry.keys, heading ? "title" : ""), row, 0);
+        if (!heading)
+            grid->addWidget(label(entry.meaning, "quiet"), row, 1);
+        ++row;
+    }
+    dialog->setSizeGripEnabled(false);
+    dialog->show();
+}
+
+}

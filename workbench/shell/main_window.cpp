@@ -1,0 +1,208 @@
+#include "workbench/shell/main_window.h"
+
+#include "workbench/shell/menus.h"
+#include "workbench/shell/opacity_row.h"
+#include "workbench/shell/status_line.h"
+#include "workbench/shell/theme.h"
+#include "workbench/shell/tool_column.h"
+#include "workbench/shell/tool_panels.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace workbench {
+
+MainWindow::MainWindow(Session& session)
+    : session_(session), files_(session, *this), view_(new ImageView(session)), slices_(new QSlider(Qt::Horizontal)),
+      splitter_(new QSplitter), column_(new ToolColumn), opacity_(new OpacityRow), status_(new StatusLine)
+{
+    splitter_->addWidget(column_);
+    splitter_->addWidget(makeViewSide());
+    splitter_->setStretchFactor(1, 1);
+    splitter_->setChildrenCollapsible(false);
+    splitter_->setHandleWidth(theme::smallSpacing);
+    setCentralWidget(splitter_);
+    setStatusBar(status_);
+    setAcceptDrops(true);
+    resize(1280, 860);
+
+    theme::setInterfaceSize(theme::interfaceSizes[0]);
+    panels_ = std::make_unique<ToolPanels>(session, *column_);
+    column_->addSection(tr("Overlay"), opacity_);
+    menus_ = std::make_unique<Menus>(*this, session, files_, *view_);
+    connect(menus_.get(), &Menus::interfaceSizeChosen, this, &MainWindow::setInterfaceSize);
+    connect(&reports_, &Reports::reported, this, &MainWindow::showReport);
+    connectFiles();
+    connectSession();
+    showTitle();
+    showFrames();
+    opacity_->setOpacity(session.overlayOpacity());
+    view_->setFocus();
+}
+
+MainWindow::~MainWindow() = default;
+
+QWidget* MainWindow::makeViewSide()
+{
+    auto* side = new QWidget;
+    auto* layout = new QVBoxLayout(side);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(view_, 1);
+    auto* bar = new QVBoxLayout;
+    bar->setContentsMargins(theme::spacing, theme::smallSpacing, theme::spacing, theme::smallSpacing);
+    bar->addWidget(slices_);
+    layout->addLayout(bar);
+    slices_->setFocusPolicy(Qt::NoFocus);
+    slices_->setToolTip(tr("Slice"));
+    return side;
+}
+
+void MainWindow::connectFiles()
+{
+    connect(&files_, &Files::said, status_, &StatusLine::say);
+    connect(&files_.worker(), &Worker::started, status_, &StatusLine::showWork);
+    connect(&files_.worker(), &Worker::progressed, status_, &StatusLine::showProgress);
+    connect(&files_.worker(), &Worker::finished, status_, &StatusLine::endWork);
+    connect(status_, &StatusLine::cancelled, &files_.worker(), &Worker::cancel);
+}
+
+void MainWindow::connectSession()
+{
+    connect(&session_, &Session::titleChanged, this, &MainWindow::showTitle);
+    connect(&session_, &Session::imageChanged, this, [this] {
+        showTitle();
+        showFrames();
+    });
+    connect(&session_, &Session::frameChanged, this, &MainWindow::showFrames);
+    connect(&session_, &Session::opacityChanged, opacity_, &OpacityRow::setOpacity);
+    connect(&session_, &Session::message, status_, &StatusLine::say);
+    connect(&session_, &Session::labelsChanged, this, &MainWindow::showVoxel);
+    connect(&session_, &Session::tagsChanged, this, &MainWindow::showVoxel);
+
+    connect(opacity_, &OpacityRow::opacityChosen, &session_, &Session::setOverlayOpacity);
+    connect(slices_, &QSlider::valueChanged, &session_, &Session::setFrame);
+    connect(view_, &ImageView::strokeRefused, status_, &StatusLine::say);
+    connect(view_, &ImageView::pointerMoved, this, [this](const std::optional<Voxel>& voxel) {
+        voxel_ = voxel;
+        showVoxel();
+    });
+}
+
+// ------------------------------------------------------------------------------------------------- showing the state
+
+void MainWindow::showTitle()
+{
+    const QString program = QStringLiteral("Vetra");
+    QStringList parts;
+    if (session_.hasImage()) {
+        const QString path = session_.labelPath();
+        parts << session_.imageName();
+        if (!path.isEmpty() || session_.isModified())
+            parts << (path.isEmpty() ? tr("labels") : QFileInfo(path).fileName()) + QStringLiteral("[*]");
+    }
+    parts << program;
+    setWindowTitle(parts.join(QStringLiteral(" \u2014 ")));
+    setWindowModified(session_.isModified());
+}
+
+void MainWindow::showFrames()
+{
+    const QSignalBlocker quiet(slices_);
+    slices_->setRange(0, std::max(0, session_.frameCount() - 1));
+    slices_->setValue(session_.frame());
+    slices_->setEnabled(session_.frameCount() > 1);
+}
+
+void MainWindow::showVoxel()
+{
+    if (!voxel_ || !session_.hasImage() || !session_.volume().contains(voxel_->x, voxel_->y, voxel_->z))
+        return status_->clearVoxel();
+    const auto [x, y, z] = *voxel_;
+    const auto place = session_.volume().geometry.position(x, y, z);
+    const auto number = [](double value) { return QString::number(value, 'f', 1); };
+    status_->showVoxel({
+        .index = QStringLiteral("%1, %2, %3").arg(x).arg(y).arg(z),
+        .position = QStringLiteral("%1, %2, %3 mm").arg(number(place[0]), number(place[1]), number(place[2])),
+        .value = QString::fromStdString(document::value_text(session_.volume(), x, y, z)),
+        .tag = session_.tagTitle(session_.labels().at(x, y, z)),
+    });
+}
+
+void MainWindow::showReport(int level, const QString& text)
+{
+    constexpr int concernsUser = 2;
+    status_->say(text);
+    if (level <= concernsUser)
+        files_.tell(text);
+}
+
+void MainWindow::setInterfaceSize(int percent)
+{
+    theme::setInterfaceSize(percent);
+    splitter_->setSizes({column_->sizeHint().width() * percent / 100, width()});
+    panels_->layOut();
+}
+
+// ------------------------------------------------------------------------------------------------------------ events
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (mayClose_ || (!files_.busy() && !session_.isModified()))
+        return event->accept();
+    event->ignore();
+    files_.worker().cancel();
+    files_.whenNothingIsLost([this] {
+        mayClose_ = true;
+        close();
+    });
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    QStringList paths;
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    }
+    event->acceptProposedAction();
+    if (paths.isEmpty())
+        return files_.tell(tr("Only files and folders of this computer can be opened."));
+    files_.open(paths);
+}
+
+// Wherever the focus is, a key that nobody wanted is for the image.
+void MainWindow::keyPressEvent(QKeyEvent* event)
+{
+    passToView(event);
+}
+
+void MainWindow::keyReleaseEvent(QKeyEvent* event)
+{
+    passToView(event);
+}
+
+// What the view leaves comes back here, as to its parent.
+void MainWindow::passToView(QKeyEvent* event)
+{
+    event->ignore();
+    if (view_->hasFocus())
+        return;
+    const bool accepted = static_cast<QObject*>(view_)->event(event) && event->isAccepted();
+    event->setAccepted(accepted);
+}
+
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QMenu;
+class QMainWindow;
+
+namespace workbench {
+
+class Files;
+class ImageView;
+class Session;
+
+/// The menus, and with them the shortcuts.
+class Menus final : public QObject {
+    Q_OBJECT
+public:
+    Menus(QMainWindow& window, Session& session, Files& files, ImageView& view);
+
+signals:
+    void interfaceSizeChosen(int percent);
+
+private:
+    void addFileMenu();
+    void addEditMenu();
+    void addTagMenu();
+    void addViewMenu();
+    void addSizeMenu(QMenu& view);
+    void addHelpMenu();
+    void followSession();
+    void chooseTag(int steps);
+
+    /// An entry that does something.
+    template <class Function>
+    QAction* add(QMenu& menu, const QString& text, const QKeySequence& keys, Function function);
+
+    QMainWindow& window_;
+    Session& session_;
+    Files& files_;
+    ImageView& view_;
+    QAction* lock_ = nullptr;
+    QList<QAction*> needImage_;
+};
+
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "workbench/tour/driver.h"
+
+#include <QStringList>
+
+#include <cstdint>
+#include <stdexcept>
+#include <vector>
+
+namespace workbench {
+
+class MainWindow;
+class Session;
+
+/// A step did not do what it should.
+class StepFailed final : public std::runtime_error {
+public:
+    explicit StepFailed(const QString& reason) : std::runtime_error(reason.toStdString()) {}
+};
+
+/// The steps of the tour. Each works the window with mouse and keys, checks what came of it and says it in a line; it
+/// throws StepFailed when it is not what it should be. They are played in this order.
+class TourSteps {
+public:
+    /// @param labelFile  where the last step saves the label map; a file that is there is replaced
+    TourSteps(Session& session, MainWindow& window, QStringList paths, QString labelFile);
+
+    QString open();
+    QString chooseTag();
+    QString rename();
+    QString chooseBrush();
+    QString paint(); ///< on several slices
+    QString paintSecondTag();
+    QString erase();
+    QString undo();
+    QString redo();
+    QString changeWindow();
+    QString zoom();
+    QString save();
+
+    QImage picture() const { return driver_.picture(); }
+
+private:
+    using Tags = std::vector<std::uint8_t>;
+
+    Tags tags() const;
+    std::size_t painted(unsigned tag) const;
+    std::size_t paintedOnFrame() const;
+    QPoint tagPlace(unsigned tag) const;
+    QPoint brushPlace(unsigned brush) const;
+    QPoint inView(double x, double y) const;
+    std::vector<QPoint> arc(double radius, double from, double to) const;
+    void clickTag(unsigned tag);
+    void writeIntoDialog(const QString& path);
+
+    Session& session_;
+    MainWindow& window_;
+    QStringList paths_;
+    QString labelFile_;
+    Driver driver_;
+    Tags beforeErasing_;
+    Tags afterErasing_;
+};
+
+}

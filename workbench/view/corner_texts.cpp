@@ -1,0 +1,81 @@
+#include "workbench/view/corner_texts.h"
+
+#include "workbench/document/text.h"
+#include "workbench/model/session.h"
+#include "workbench/view/orientation.h"
+
+#include <cmath>
+#include <QPainter>
+
+namespace workbench {
+
+namespace {
+
+constexpr int margin = 8;
+
+// On a dark ground of its own it is readable over black and over white.
+void paint_text(QPainter& painter, const QRect& area, int flags, const QString& text)
+{
+    if (text.isEmpty())
+        return;
+    const QRect ground = painter.boundingRect(area, flags, text).adjusted(-4, -1, 4, 1);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0x16, 0x18, 0x1b, 190));
+    painter.drawRoundedRect(ground, 3, 3);
+    painter.setPen(QColor(0xb4, 0xba, 0xc2));
+    painter.drawText(area, flags, text);
+}
+
+QString window_text(document::Window window)
+{
+    const auto number = [](double value) { return QString::fromStdString(document::number_text(value)); };
+    const auto rounded = [&](double value) { // to what the width leaves to see
+        const double unit = std::pow(10.0, std::floor(std::log10(window.width)) - 2);
+        return number(std::round(value / unit) * unit);
+    };
+    return QStringLiteral("W %1  L %2").arg(rounded(window.width), rounded(window.centre));
+}
+
+QString zoom_text(double zoom)
+{
+    return QStringLiteral("%1 %").arg(
+        zoom < 0.1 ? QString::number(zoom * 100, 'f', 1) : QString::number(std::lround(zoom * 100)));
+}
+
+QString letter(char which)
+{
+    return which ? QString(QLatin1Char(which)) : QString();
+}
+
+void paint_sides(QPainter& painter, const QRect& area, const document::Geometry& geometry)
+{
+    const auto& d = geometry.direction;
+    const EdgeLetters across = edge_letters({d[0], d[3], d[6]}), down = edge_letters({d[1], d[4], d[7]});
+    paint_text(painter, area, Qt::AlignRight | Qt::AlignVCenter, letter(across.towards));
+    paint_text(painter, area, Qt::AlignLeft | Qt::AlignVCenter, letter(across.away));
+    paint_text(painter, area, Qt::AlignHCenter | Qt::AlignBottom, letter(down.towards));
+    paint_text(painter, area, Qt::AlignHCenter | Qt::AlignTop, letter(down.away));
+}
+
+// Photographs have no patient's left.
+bool lies_in_patient(const document::Volume& volume)
+{
+    return volume.frame_count() > 1 || !volume.modality.empty();
+}
+
+}
+
+void paint_corner_texts(QPainter& painter, const QRect& view, const Session& session, double zoom)
+{
+    const QRect area = view.adjusted(margin, margin, -margin, -margin);
+    const auto& volume = session.volume();
+    if (volume.frame_count() > 1)
+        paint_text(painter, area, Qt::AlignLeft | Qt::AlignTop,
+            QStringLiteral("%1 / %2").arg(session.frame() + 1).arg(volume.frame_count()));
+    paint_text(painter, area, Qt::AlignLeft | Qt::AlignBottom, zoom_text(zoom));
+    paint_text(painter, area, Qt::AlignRight | Qt::AlignBottom, window_text(session.window()));
+    if (lies_in_patient(volume))
+        paint_sides(painter, area, volume.geometry);
+}
+
+}
