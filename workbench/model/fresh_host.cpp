@@ -12,7 +12,7 @@ FreshHost::FreshHost()
     hostkit::Registry_Reset();
     hostkit::Segmentation_Reset();
 
-    constexpr unsigned short radii[] = {1, 2, 4, 8, 12, 20, 32, 50};
+    constexpr unsigned short radii[] = {1, 2, 4, 6, 8, 12, 16, 20};
     hostkit::Brushes_Set(radii);
     hostkit::Variable<unsigned short>("$BRUSH_CUR") = 2;
     hostkit::Variable<unsigned short>("$TAG_CUR") = 1;

@@ -22,7 +22,7 @@ namespace {
 
 constexpr unsigned firstTag = 3;
 constexpr unsigned secondTag = 6;
-constexpr unsigned brush = 3;
+constexpr unsigned brush = 4;
 constexpr int slices = 3;
 const QString name = QStringLiteral("Lesion");
 

@@ -49,8 +49,7 @@ QString letter(char which)
 
 void paint_sides(QPainter& painter, const QRect& area, const document::Geometry& geometry)
 {
-    const auto& d = geometry.direction;
-    const EdgeLetters across = edge_letters({d[0], d[3], d[6]}), down = edge_letters({d[1], d[4], d[7]});
+    const EdgeLetters across = edge_letters(shown_axis(geometry, 0)), down = edge_letters(shown_axis(geometry, 1));
     paint_text(painter, area, Qt::AlignRight | Qt::AlignVCenter, letter(across.towards));
     paint_text(painter, area, Qt::AlignLeft | Qt::AlignVCenter, letter(across.away));
     paint_text(painter, area, Qt::AlignHCenter | Qt::AlignBottom, letter(down.towards));

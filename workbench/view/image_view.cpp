@@ -1,6 +1,7 @@
 #include "workbench/view/image_view.h"
 
 #include "workbench/view/corner_texts.h"
+#include "workbench/view/orientation.h"
 
 #include <cmath>
 #include <QPainter>
@@ -66,7 +67,7 @@ void ImageView::showImage()
     picture_.render(session_);
     if (session_.hasImage()) {
         const auto& geometry = session_.volume().geometry;
-        place_.setFrame(picture_.image().size(), {geometry.spacing[0], geometry.spacing[1]});
+        place_.setFrame(picture_.image().size(), {geometry.spacing[0], geometry.spacing[1]}, usual_view(geometry));
     }
     moveView();
     updateCursor();

@@ -4,9 +4,10 @@
 
 namespace workbench {
 
-void ViewTransform::setFrame(QSizeF pixels, QSizeF spacing)
+void ViewTransform::setFrame(QSizeF pixels, QSizeF spacing, Mirror mirror)
 {
     pixels_ = pixels;
+    mirror_ = mirror;
     const double least = std::min(spacing.width(), spacing.height());
     stretch_ = least > 0 ? spacing / least : QSizeF(1, 1);
     fit();
@@ -33,7 +34,7 @@ void ViewTransform::fit()
 
 void ViewTransform::setZoom(double zoom, QPointF anchor)
 {
-    const QPointF held = toPixel(anchor);
+    const QPointF held = mirrored(toPixel(anchor));
     zoom_ = std::clamp(zoom, least_zoom, greatest_zoom);
     origin_ = anchor - QPointF(held.x() * scale().width(), held.y() * scale().height());
     fitted_ = false;
@@ -50,7 +51,17 @@ void ViewTransform::pan(QPointF by)
 
 QTransform ViewTransform::transform() const
 {
-    return QTransform::fromTranslate(origin_.x(), origin_.y()).scale(scale().width(), scale().height());
+    const QPointF corner = mirrored({0, 0});
+    return QTransform::fromTranslate(origin_.x(), origin_.y())
+        .scale(scale().width(), scale().height())
+        .translate(corner.x(), corner.y())
+        .scale(mirror_.x ? -1 : 1, mirror_.y ? -1 : 1);
+}
+
+// Where a pixel is, counted from the frame's corner that lies at the upper left of the screen.
+QPointF ViewTransform::mirrored(QPointF pixel) const
+{
+    return {mirror_.x ? pixels_.width() - pixel.x() : pixel.x(), mirror_.y ? pixels_.height() - pixel.y() : pixel.y()};
 }
 
 QSizeF ViewTransform::scale() const

@@ -108,7 +108,7 @@ TEST_F(StrokeTest, MovingPixelByPixelPaintsTheSameAsWholeStamps)
 TEST_F(StrokeTest, WhatLiesOutsideIsCutOff)
 {
     auto map = empty_map(40, 30);
-    Stroke stroke(map, 0, BrushShape::of(4), 1, none);
+    Stroke stroke(map, 0, BrushShape::of(5), 1, none);
     EXPECT_TRUE(stroke.move_to({-100, -100}).isEmpty());
     const QRect changed = stroke.move_to({5, 5});
     EXPECT_TRUE(QRect(0, 0, 40, 30).contains(changed));

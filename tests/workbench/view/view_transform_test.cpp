@@ -112,3 +112,30 @@ TEST(Orientation, NamesTheNearestSideOfThePatient)
 }
 
 }
+
+TEST(Orientation, FilmsAreSeenFromTheFeetAndFromTheFront)
+{
+    using workbench::Mirror;
+    using workbench::usual_view;
+    EXPECT_EQ(usual_view({1, 0, 0}, {0, 1, 0}), (Mirror{false, false})) << "as DICOM stores axial frames";
+    EXPECT_EQ(usual_view({-1, 0, 0}, {0, -1, 0}), (Mirror{true, true})) << "as NIfTI files often do";
+    EXPECT_EQ(usual_view({1, 0, 0}, {0, 0, 1}), (Mirror{false, true})) << "coronal, head at the top";
+    EXPECT_EQ(usual_view({0, -1, 0}, {0, 0, -1}), (Mirror{true, false})) << "sagittal, front at the left";
+}
+
+TEST(ViewTransform, AMirroredFrameCoversTheSamePlaceTheOtherWayRound)
+{
+    workbench::ViewTransform place;
+    place.setViewSize({300, 200});
+    place.setFrame({100, 50}, {1, 1}, {true, true});
+    const QRectF rect = place.frameRect();
+    EXPECT_NEAR(place.toView({0, 0}).x(), rect.right(), 1e-9);
+    EXPECT_NEAR(place.toView({0, 0}).y(), rect.bottom(), 1e-9);
+    const QPointF anchor(60, 120);
+    const QPointF held = place.toPixel(anchor);
+    place.setZoom(7, anchor);
+    EXPECT_NEAR(place.toPixel(anchor).x(), held.x(), 1e-9);
+    EXPECT_NEAR(place.toPixel(anchor).y(), held.y(), 1e-9);
+    const QPointF pixel(3.25, 4.75);
+    EXPECT_NEAR(place.toPixel(place.toView(pixel)).x(), pixel.x(), 1e-9);
+}
