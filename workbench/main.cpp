@@ -32,6 +32,15 @@ QStringList toQt(const std::vector<std::string>& paths)
     return result;
 }
 
+QtMessageHandler usualMessages = nullptr;
+
+// The offscreen platform complains of what it cannot do each time that a window shows.
+void showMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (!message.startsWith(QLatin1String("This plugin does not support")))
+        usualMessages(type, context, message);
+}
+
 int tour(const Arguments& arguments)
 {
     QStringList paths = toQt(arguments.paths);
@@ -60,6 +69,7 @@ int start(int argc, char** argv, const Arguments& arguments)
     if (plays && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen"); // so that it does not take the user's pointer
     workbench::choosePlatform();
+    usualMessages = qInstallMessageHandler(showMessage);
     workbench::Application application(argc, argv);
     return plays ? tour(arguments) : run(arguments);
 }
