@@ -1,3 +1,5 @@
+#include "hostkit/structures/registry.h"
+#include "hostkit/structures/segmentation.h"
 #include "tools/tool_brush.h"
 #include "workbench/view/image_view.h"
 
@@ -34,13 +36,14 @@ struct Painter {
 
     Painter()
     {
+        constexpr unsigned short radius = 50;
+        hostkit::Brushes_Set({&radius, 1});
+        hostkit::Variable<unsigned short>("$BRUSH_CUR") = 0;
         brushes.Update(1ull << 23); // fills the shapes
         if (const auto failure = session.adoptImage(large_image())) {
             std::cerr << failure->message << '\n';
             std::exit(1);
         }
-        while (session.brushRadius() < 50)
-            session.largerBrush();
     }
 };
 
