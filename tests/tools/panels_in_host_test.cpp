@@ -177,3 +177,36 @@ TEST_F(PanelsInHost, BrushesAreChosenAndRecolouredTogetherWithTheTags)
     keep_picture(tags.window(), "tag_panel");
     keep_picture(brushes->window(), "brush_panel");
 }
+
+TEST_F(PanelsInHost, ARowThatReachesOnePixelBeyondTheListIsStillDrawnAndHit)
+{
+    Panel_Slot<Tool_Tag> slot(main_window(), choose_tag());
+    show(slot, 65 + 2 * 4); // three rows of 22, less a pixel
+    turn_wheel(slot.window(), {200, 30}, -20 * WHEEL_DELTA);
+    constexpr int left_of_buttons = 4 + 16 + 4;
+    click(slot.window(), {left_of_buttons + 10, 4 + 2 * 22 + 10});
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 4);
+    click(slot.window(), {left_of_buttons + 10, 4 + 10});
+    EXPECT_EQ(Variable<unsigned short>("$TAG_CUR"), 12);
+}
+
+TEST_F(PanelsInHost, GreyingATagClearsTheVisibleButtonsAndUngreyingDoesNot)
+{
+    Panel_Slot<Tool_Tag> slot(main_window(), choose_tag());
+    show(slot, slot.panel().Height(4));
+    click(slot.window(), tag_place(1), Button::right);
+    const Place in_editor{tag_place(1).x + 40, tag_place(1).y};
+    const Colors editor = pixel(slot.window(), in_editor);
+    const Colors back = hostkit::Panel_Look().back;
+    ASSERT_NE(editor, back);
+
+    hostkit::Tag_Lock(6, true);
+    slot.panel().Update(locks); // not through the slot, which would draw the editor again
+    EXPECT_EQ(pixel(slot.window(), in_editor), back);
+
+    slot.host().Lay_Out();
+    click(slot.window(), tag_place(1), Button::right);
+    hostkit::Tag_Lock(6, false);
+    slot.panel().Update(locks);
+    EXPECT_EQ(pixel(slot.window(), in_editor), editor);
+}
