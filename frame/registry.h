@@ -37,12 +37,17 @@ T* array(const char* name)
 template <class T>
 class Kept_Address {
 public:
-    constexpr explicit Kept_Address(const char* name) : name_(name) {}
+    enum class Missing : char { stays_missing, is_made };
+
+    constexpr explicit Kept_Address(const char* name, Missing missing = Missing::stays_missing)
+        : name_(name), missing_(missing)
+    {
+    }
 
     T* get()
     {
         if (!address_)
-            address_ = static_cast<T*>(Fct_Variable_Get(name_, nullptr, nullptr, nullptr, 0));
+            address_ = static_cast<T*>(Fct_Variable_Get(name_, nullptr, nullptr, nullptr, static_cast<char>(missing_)));
         return address_;
     }
 
@@ -51,6 +56,7 @@ public:
 
 private:
     const char* name_;
+    Missing missing_;
     T* address_ = nullptr;
 };
 

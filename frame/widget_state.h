@@ -12,6 +12,8 @@ constexpr unsigned row_button_marked = 0x500000; ///< a row button that shows it
 constexpr unsigned shows_marks = 0x100000;       ///< of an area: its row buttons show their pressed marks
 constexpr unsigned slider = 0x8000004;
 constexpr unsigned hidden_slider = 7;
+constexpr unsigned vertical_button = 4;
+constexpr unsigned zoom_valuator = 0x0A000004; ///< vertical, with its number
 constexpr unsigned editor = 0x80000000;
 constexpr unsigned closed_editor = 0x80000003;
 

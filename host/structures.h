@@ -11,11 +11,14 @@
 // The host's data-structure library, as far as the panels call it: shared variables, change broadcasting and the object
 // tree. A host supplies it as the library `Vetra_Structures`.
 
+class Strato;
 class Strato_1D;
 class Strato_2D;
+class Strato_2D_Frame;
 class Strato_3D;
 class Strato_Window;
 struct Region_2D;
+struct Vector_4;
 
 // ------------------------------------------------------------------------------------------- variable registry
 
@@ -89,7 +92,7 @@ public:
 
 protected:
     explicit Strato(Record* record);
-    ~Strato();
+    virtual ~Strato();
 
 private:
     Record* record_;
@@ -122,11 +125,63 @@ public:
     Strato_3D* Parent_Get_Pt() const;
 };
 
+/// How often each grey value occurs. Bin i covers [min + i width, min + (i + 1) width).
+struct Histo_Record {
+    unsigned short flags;    ///< bit 0: of a colour image; the four arrays after `count` are there
+    unsigned short nb_bins;  ///< at least 1
+    float min;               ///< lower edge of bin 0, grey values
+    float width;             ///< of a bin, grey values
+    unsigned max_count;      ///< the largest count in any of the arrays
+    unsigned* count;         ///< nb_bins counts of grey values, or of the plain value of colour pixels
+    unsigned* red;           ///< nb_bins counts each, of the components; null unless colour
+    unsigned* green;         ///< see red
+    unsigned* blue;          ///< see red
+    unsigned* max_component; ///< nb_bins counts of the largest of the three components; null unless colour
+};
+
 /// One image of a series.
 class STRUCTURES_API Strato_2D_Frame : public Strato_2D {
 public:
     using Strato_2D::Strato_2D;
+
+    /// What Value_Get returns where there is no value.
+    static constexpr int no_value = 0x7FFFFFFF;
+    static constexpr int no_value_yet = 0x7FFFFFFE;
+
+    /// The frame's histogram, which the host owns and only the host changes; null when there is none. Asking twice
+    /// costs nothing: it is kept until the pixels change.
+    const Histo_Record* Histogram_Get();
+
+    /// The raw value of the pixel at a position (x, y, index_z, index_t), or one of the two codes above. Of a colour
+    /// frame red is in bits 0 to 7, green in 8 to 15, blue in 16 to 23. Fct_GLI_2_Float makes others a grey value.
+    virtual int Value_Get(const Vector_4& position);
+
+    char* unit = nullptr;       ///< of grey values, UTF-8; null when unknown. The host's
+    unsigned short index_z = 0; ///< the frame's place in its volume
+    unsigned short index_t = 0; ///< and in time
+    unsigned char color = 0;    ///< 1: a colour image
 };
+
+/// The grey value of a raw value of a grey frame.
+STRUCTURES_API float Fct_GLI_2_Float(Strato_2D_Frame* frame, int raw);
+
+// ---------------------------------------------------------------------------------------------------- iterators
+
+/// Begins to go through the tree. Whoever begins ends it; one that the same owner left open is ended first.
+/// @param owner  who asks, for the host's reports
+/// @param start  go through what is below this object; null for the whole tree
+/// @return the iterator, or 0 when there is none left
+STRUCTURES_API unsigned short Iterator_Init(const char* owner, Strato* start);
+
+/// The next 2D object in the order of the tree.
+/// @param class_mask     the option bits (Class_A_Get) that the object must have, all and no others: 0x2FFF for frames
+/// @param scope          the window that asks, which may show any of them; or, below 4096, a scope code: 4 all files
+/// @param selected_only  1: only objects that are selected
+/// @return null at the end
+STRUCTURES_API Strato_2D* Iterator_Class_2D(
+    unsigned short iterator, unsigned class_mask, void* scope, unsigned char selected_only);
+
+STRUCTURES_API void Iterator_End(unsigned short iterator);
 
 /// An image window of the host.
 class STRUCTURES_API Strato_Window : public Strato {

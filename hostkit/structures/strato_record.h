@@ -3,8 +3,13 @@
 #include "host/structures.h"
 
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
+
+namespace hostkit {
+class Pixel_Store;
+}
 
 // What the host keeps of an object. Children belong to their parent.
 struct Strato::Record {
@@ -16,6 +21,7 @@ struct Strato::Record {
     std::map<const void*, unsigned long long> flags;
     Strato* parent = nullptr;
     std::vector<Strato*> children;
-    int index = 0; // among the parent's children
+    std::shared_ptr<hostkit::Pixel_Store> pixels; // of a series and its frames
+    int index = 0;                                // among the parent's children
     void (*destroy)(Strato*) = nullptr;
 };

@@ -1,6 +1,7 @@
 #include "hostkit/structures/tree.h"
 
 #include "hostkit/structures/broadcast.h"
+#include "hostkit/structures/iterators.h"
 #include "hostkit/structures/registry.h"
 #include "hostkit/structures/strato_record.h"
 #include "hostkit/structures/windows.h"
@@ -90,6 +91,7 @@ void Object_2D_Remove(Strato_2D* object)
     if (!object || !object->Parent_Get_Pt())
         return;
     Windows_Forget(object);
+    Iterators_End_All();
     detach(object);
     const Panel_Call until_told;
     Fct_Update(series_tree_changed, nullptr, nullptr, nullptr);
@@ -104,6 +106,7 @@ int Child_Index(const Strato* object)
 void Tree_Reset()
 {
     Windows_Reset();
+    Iterators_End_All();
     auto*& root = Object_Variable<Strato_2D>("$DB_2D_ROOT_PT");
     if (root)
         destroy(root);

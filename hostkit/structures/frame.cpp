@@ -1,0 +1,110 @@
+#include "host/basics.h"
+#include "hostkit/structures/pixel_store.h"
+#include "hostkit/structures/strato_record.h"
+
+#include <memory>
+#include <new>
+
+namespace {
+
+using hostkit::Pixel_Store;
+
+const std::shared_ptr<Pixel_Store>& store_of(const Strato* object)
+{
+    return object->record()->pixels;
+}
+
+void set_unit(Strato_2D_Frame* frame)
+{
+    const auto& store = store_of(frame);
+    frame->unit = store ? store->unit() : nullptr;
+}
+
+void report_left_out(const Strato* series, unsigned long long pixels)
+{
+    constexpr int progress = 4;
+    if (pixels > 0)
+        Error_Fct(hwnd, progress, "%llu pixels of \"%s\" are infinite or not a number; histograms leave them out.",
+            pixels, series ? series->Name_Get() : "");
+}
+
+void report_no_memory(const Strato* series)
+{
+    constexpr int warning = 2;
+    Error_Fct(hwnd, warning, "There is not enough memory for the histograms of \"%s\". Close other images.",
+        series ? series->Name_Get() : "");
+}
+
+bool is_counted(Strato_2D_Frame* frame)
+{
+    const auto& store = store_of(frame);
+    if (!store)
+        return false;
+    try {
+        const bool first_time = !store->has_histograms();
+        const auto& histograms = store->histograms();
+        if (first_time)
+            report_left_out(frame->Parent_Get_Pt(), histograms.left_out);
+        return frame->index_z < histograms.frames.size();
+    } catch (const std::bad_alloc&) {
+        report_no_memory(frame->Parent_Get_Pt());
+        return false;
+    }
+}
+
+}
+
+const Histo_Record* Strato_2D_Frame::Histogram_Get()
+{
+    if (!is_counted(this))
+        return nullptr;
+    set_unit(this); // counting may have found that it needs a power of ten
+    return &store_of(this)->histograms().frames[index_z];
+}
+
+int Strato_2D_Frame::Value_Get(const Vector_4& position)
+{
+    const auto& store = store_of(this);
+    return store ? store->raw(position.x, position.y, position.z) : no_value;
+}
+
+float Fct_GLI_2_Float(Strato_2D_Frame* frame, int raw)
+{
+    if (!frame || !is_counted(frame))
+        return 0;
+    return store_of(frame)->grey(raw);
+}
+
+namespace hostkit {
+
+void Series_Pixels_Set(Strato_2D* series, const Series_Pixels& pixels)
+{
+    const auto store = std::make_shared<Pixel_Store>(pixels);
+    series->record()->pixels = store;
+    for (int i = 0; i < series->Child_Get_Nb(); ++i) {
+        auto* frame = static_cast<Strato_2D_Frame*>(series->Child_Get_Pt(i));
+        frame->record()->pixels = store;
+        frame->index_z = static_cast<unsigned short>(i);
+        frame->color = pixels.type == Pixel_Type::rgb;
+        set_unit(frame);
+    }
+}
+
+void Series_Pixels_Changed(Strato_2D* series)
+{
+    if (const auto& store = store_of(series))
+        store->forget_histograms();
+}
+
+double Series_Grey_Factor(const Strato_2D* series)
+{
+    try {
+        const auto& store = store_of(series);
+        return store ? store->factor() : 1.0;
+    } catch (const std::bad_alloc&) {
+        report_no_memory(series);
+        return 1.0;
+    }
+}
+
+}
