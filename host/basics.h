@@ -25,3 +25,87 @@ BASICS_API extern signed char Flag_Trace;
 ///                and 0x01 and 0x02 (emphasis on and off), which whoever shows the text renders or strips
 /// @return 1 when the report was shown, else 0
 BASICS_API int Error_Fct(HWND window, int level, const char* format, ...) VETRA_PRINTF(3, 4);
+
+/// The text of a C library error (a value of errno), in English and ASCII whatever the locale. Never null; the text
+/// stays until the next call.
+BASICS_API const wchar_t* Error_Perror(int errno_value);
+
+// ------------------------------------------------------------------------------------------- vectors, matrices
+
+/// A position in four numbers: x, y, z, t.
+struct Vector_4 {
+    float x = 0;
+    float y = 0;
+    float z = 0;
+    float t = 0;
+};
+
+/// A vector of doubles. Copies are copies. Nothing throws: where memory runs out the vector is empty.
+class BASICS_API Vector_N {
+public:
+    /// `count` zeros. @param element_size  bytes an element; the elements are doubles whatever it says
+    Vector_N(unsigned count, unsigned char element_size);
+    Vector_N(const Vector_N&);
+    Vector_N(Vector_N&&) noexcept;
+    Vector_N& operator=(const Vector_N&);
+    Vector_N& operator=(Vector_N&&) noexcept;
+    ~Vector_N();
+
+    double& operator[](int index) { return elements_[index]; }
+    const double& operator[](int index) const { return elements_[index]; }
+
+    /// Adds element by element. Both should be of one size; else what they have in common is added.
+    Vector_N& operator+=(const Vector_N&);
+
+    unsigned Size() const { return size_; }
+
+private:
+    double* elements_ = nullptr;
+    unsigned size_ = 0;
+};
+
+class Matrix_Storage;
+
+/// A matrix of doubles. Nothing throws: what cannot be computed, or has no memory, is an invalid matrix, and so is
+/// everything computed from one.
+///
+/// Copies and transposes cost nothing: they share the elements until one of them is asked for a row. A matrix and
+/// what shares with it belong to one thread.
+class BASICS_API Matrix_NxM {
+public:
+    /// `rows` rows of `columns` zeros. Rows that are never asked for cost no memory worth speaking of and next to no
+    /// time. @param element_size  bytes an element; the elements are doubles whatever it says
+    Matrix_NxM(unsigned columns, unsigned rows, unsigned char element_size);
+    Matrix_NxM(const Matrix_NxM&);
+    Matrix_NxM(Matrix_NxM&&) noexcept;
+    Matrix_NxM& operator=(const Matrix_NxM&);
+    Matrix_NxM& operator=(Matrix_NxM&&) noexcept;
+    ~Matrix_NxM();
+
+    /// The elements of one row, to read and to write; of this row alone: each row that is written must be asked for.
+    /// Good until the matrix is used in any other way. Null when the matrix is invalid, or becomes so for want of
+    /// memory.
+    double* operator[](int row);
+
+    /// The transpose.
+    Matrix_NxM operator~() const;
+
+    /// The inverse. Invalid when the matrix is not square, holds something that is not finite, or is singular to
+    /// double precision however its rows and columns are scaled. The inverse of the empty matrix is empty.
+    Matrix_NxM operator!() const;
+
+    /// 1 when there are no elements to speak of, else 0.
+    int Invalid() const;
+
+    /// The product; invalid when the sizes do not fit. `~A * A` costs only what A has besides zeros.
+    friend BASICS_API Matrix_NxM operator*(const Matrix_NxM&, const Matrix_NxM&);
+
+    /// The product; empty when the sizes do not fit or the matrix is invalid.
+    friend BASICS_API Vector_N operator*(const Matrix_NxM&, const Vector_N&);
+
+private:
+    explicit Matrix_NxM(Matrix_Storage* storage);
+
+    Matrix_Storage* storage_; // null: invalid
+    bool transposed_ = false;
+};

@@ -5,7 +5,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <locale.h>
 #include <mutex>
+#include <string.h>
+#include <string_view>
 
 // Critical sections and texts.
 
@@ -62,4 +65,14 @@ int WideCharToMultiByte(UINT page, DWORD, const WCHAR* wide, int units, char* te
         return 0;
     std::copy_n(converted.constData(), needed, text);
     return needed;
+}
+
+// As the C runtime of Windows has it, whose texts no locale translates.
+wchar_t* _wcserror(int error)
+{
+    static const locale_t untranslated = newlocale(LC_ALL_MASK, "C", nullptr);
+    static wchar_t text[256];
+    const std::string_view ascii(strerror_l(error, untranslated));
+    *std::copy_n(ascii.begin(), std::min(ascii.size(), std::size(text) - 1), text) = L'\0';
+    return text;
 }

@@ -143,4 +143,7 @@ constexpr UINT CP_UTF8 = 65001;
 WINAPI_CALL int MultiByteToWideChar(UINT page, DWORD flags, const char* text, int bytes, WCHAR* wide, int units);
 WINAPI_CALL int WideCharToMultiByte(UINT page, DWORD flags, const WCHAR* wide, int units, char* text, int bytes,
     const char* substitute, BOOL* substituted);
+
+/// The text of a C library error (a value of errno), kept until the next call.
+WINAPI_CALL wchar_t* _wcserror(int error);
 }

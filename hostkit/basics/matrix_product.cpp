@@ -1,0 +1,116 @@
+#include "hostkit/basics/matrix_product.h"
+
+#include <Eigen/Core>
+
+#include <new>
+#include <utility>
+
+namespace hostkit {
+
+namespace {
+
+using Row_Major = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>;
+
+Eigen::Index index(size_t value)
+{
+    return static_cast<Eigen::Index>(value);
+}
+
+Eigen::Map<const Row_Major> mapped(const Matrix_Storage& matrix)
+{
+    return {matrix.row(0), index(matrix.rows()), index(matrix.columns())};
+}
+
+// The strip's part of one row of the upper triangle.
+void add_square(const Matrix_Storage& matrix, size_t strip, size_t column, double* sums)
+{
+    const size_t end = matrix.span(strip).end;
+    for (size_t y = matrix.first_row(strip); y < matrix.end_row(strip); ++y) {
+        const double* row = matrix.row(y);
+        for (size_t x = column; x < end; ++x)
+            sums[x] += row[column] * row[x];
+    }
+}
+
+void mirror_upper_triangle(Matrix_Storage& matrix)
+{
+    for (size_t y = 1; y < matrix.rows(); ++y) {
+        double* row = matrix.row(y);
+        for (size_t x = 0; x < y; ++x)
+            row[x] = std::as_const(matrix).row(x)[y];
+    }
+}
+
+}
+
+Matrix_Storage::Owner Copy_Of(const Matrix_Storage& matrix)
+{
+    auto copy = Matrix_Storage::make(matrix.columns(), matrix.rows());
+    for (size_t y = 0; copy && y < matrix.rows(); ++y)
+        std::copy_n(matrix.row(y), matrix.columns(), copy->row(y));
+    return copy;
+}
+
+Matrix_Storage::Owner Transpose_Of(const Matrix_Storage& matrix)
+{
+    auto transpose = Matrix_Storage::make(matrix.rows(), matrix.columns());
+    for (size_t y = 0; transpose && y < matrix.columns(); ++y) {
+        double* row = transpose->row(y);
+        for (size_t x = 0; x < matrix.rows(); ++x)
+            row[x] = matrix.row(x)[y];
+    }
+    return transpose;
+}
+
+Matrix_Storage::Owner Product(const Matrix_Storage& left, const Matrix_Storage& right)
+{
+    if (left.columns() != right.rows())
+        return nullptr;
+    auto product = Matrix_Storage::make(right.columns(), left.rows());
+    if (!product)
+        return nullptr;
+    for (size_t y = 0; y < product->rows(); y += Matrix_Storage::strip_rows)
+        product->row(y);
+    try {
+        Eigen::Map<Row_Major>(product->row(0), index(left.rows()), index(right.columns())).noalias() =
+            mapped(left) * mapped(right);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+    return product;
+}
+
+Matrix_Storage::Owner Square_Of(Matrix_Storage& matrix)
+{
+    auto square = Matrix_Storage::make(matrix.columns(), matrix.columns());
+    if (!square)
+        return nullptr;
+    matrix.tighten();
+    for (size_t strip = 0; strip < matrix.strips(); ++strip) {
+        const auto span = matrix.span(strip);
+        for (size_t column = span.first; column < span.end; ++column)
+            add_square(matrix, strip, column, square->row(column));
+    }
+    mirror_upper_triangle(*square);
+    return square;
+}
+
+void Multiply(const Matrix_Storage& matrix, const double* vector, double* product)
+{
+    Eigen::Map<Eigen::VectorXd>(product, index(matrix.rows())).noalias() =
+        mapped(matrix) * Eigen::Map<const Eigen::VectorXd>(vector, index(matrix.columns()));
+}
+
+void Multiply_Transpose(const Matrix_Storage& matrix, const double* vector, double* product)
+{
+    for (size_t strip = 0; strip < matrix.strips(); ++strip) {
+        const auto span = matrix.span(strip);
+        for (size_t y = matrix.first_row(strip); y < matrix.end_row(strip); ++y) {
+            const double* row = matrix.row(y);
+            for (size_t x = span.first; x < span.end; ++x)
+                product[x] += row[x] * vector[y];
+        }
+    }
+}
+
+}
