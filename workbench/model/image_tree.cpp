@@ -2,7 +2,9 @@
 
 #include "hostkit/structures/broadcast.h"
 #include "hostkit/structures/registry.h"
+#include "hostkit/structures/series_pixels.h"
 #include "workbench/document/volume.h"
+#include "workbench/model/host_words.h"
 
 #include <string>
 
@@ -35,8 +37,10 @@ Strato_2D* build(const document::Volume& volume)
         hostkit::Object_2D_Add(hostkit::Root_2D(), {name_of_series(volume), "Series", series_class, 0, series_class});
     try {
         for (int z = 0; z < volume.frame_count(); ++z)
-            hostkit::Frame_Add(
-                series, {name_of_frame(volume, z), "Frame", hostkit::frame_class, unsigned(z), hostkit::frame_magic});
+            set_selected(hostkit::Frame_Add(series, {name_of_frame(volume, z), "Frame", hostkit::frame_class,
+                                                        unsigned(z), hostkit::frame_magic}),
+                true);
+        hostkit::Series_Pixels_Set(series, pixels_of(volume));
     } catch (...) {
         hostkit::Object_2D_Remove(series);
         throw;
@@ -44,12 +48,58 @@ Strato_2D* build(const document::Volume& volume)
     return series;
 }
 
+constexpr unsigned char of_itself = 16;
+constexpr unsigned long long selected = 512;
+
+void* display_state()
+{
+    return reinterpret_cast<void*>(4);
+}
+
 bool is_selected(const Strato_2D* frame)
 {
-    constexpr unsigned char of_itself = 16;
-    constexpr unsigned long long selected = 512;
-    auto* const display_state = reinterpret_cast<void*>(4);
-    return frame && frame->Flag_Get_Bit(of_itself, display_state, selected);
+    return frame && frame->Flag_Get_Bit(of_itself, display_state(), selected);
+}
+
+void set_selected(Strato_2D* frame, bool on)
+{
+    if (on)
+        frame->Flag_Set_On(of_itself, display_state(), selected);
+    else
+        frame->Flag_Set_Off(of_itself, display_state(), selected);
+}
+
+hostkit::Pixel_Type pixel_type(document::PixelType type)
+{
+    using From = document::PixelType;
+    using To = hostkit::Pixel_Type;
+    switch (type) {
+    case From::u8:
+        return To::u8;
+    case From::i8:
+        return To::i8;
+    case From::u16:
+        return To::u16;
+    case From::i16:
+        return To::i16;
+    case From::u32:
+        return To::u32;
+    case From::i32:
+        return To::i32;
+    case From::f32:
+        return To::f32;
+    case From::f64:
+        return To::f64;
+    case From::rgb:
+        break;
+    }
+    return To::rgb;
+}
+
+hostkit::Series_Pixels pixels_of(const document::Volume& volume)
+{
+    return {pixel_type(volume.type), volume.pixels.data(), volume.width(), volume.height(), volume.frame_count(),
+        volume.slope, volume.intercept, volume.unit};
 }
 
 }
@@ -58,7 +108,15 @@ ImageTree::ImageTree() : window_(hostkit::Window_Add("View")) {}
 
 ImageTree::~ImageTree()
 {
-    hostkit::Object_2D_Remove(series_);
+    remove(series_);
+}
+
+// The pixels go before the objects do: panels may hold on to these until they are told.
+void ImageTree::remove(Strato_2D* series)
+{
+    if (series)
+        hostkit::Series_Pixels_Set(series, {});
+    hostkit::Object_2D_Remove(series);
 }
 
 void ImageTree::replace(const document::Volume& volume, int z)
@@ -68,8 +126,38 @@ void ImageTree::replace(const document::Volume& volume, int z)
     series_ = build(volume);
     setPointer({});
     show(z);
-    hostkit::Object_2D_Remove(before);
+    remove(before);
     Fct_Update(hostkit::series_tree_changed, nullptr, nullptr, nullptr);
+    Fct_Update(word::selection_2D, nullptr, nullptr, nullptr);
+}
+
+int ImageTree::frameCount() const
+{
+    return series_ ? series_->Child_Get_Nb() : 0;
+}
+
+bool ImageTree::isSelected(int z) const
+{
+    return series_ && is_selected(series_->Child_Get_Pt(z));
+}
+
+void ImageTree::select(int first, int last)
+{
+    bool changed = false;
+    for (int z = 0; z < frameCount(); ++z) {
+        const bool on = z >= first && z <= last;
+        if (on == isSelected(z))
+            continue;
+        set_selected(series_->Child_Get_Pt(z), on);
+        changed = true;
+    }
+    if (changed)
+        Fct_Update(word::selection_2D, nullptr, nullptr, nullptr);
+}
+
+double ImageTree::greyFactor() const
+{
+    return series_ ? hostkit::Series_Grey_Factor(series_) : 1;
 }
 
 int ImageTree::shown() const

@@ -24,8 +24,10 @@ void Session::hostChanged(unsigned long long flags)
 {
     if (flags & word::current_frame)
         followFrame();
-    if ((flags & word::selection_2D) == word::selection_2D)
+    if ((flags & word::selection_2D) == word::selection_2D) {
         showSelectedFrame();
+        selection_.followTree();
+    }
     if (flags & word::current_tag)
         emit currentTagChanged(currentTag());
     if (flags & word::brushes)
@@ -58,6 +60,7 @@ std::optional<document::Failure> Session::adoptImage(document::Opened opened)
     shownFrame_ = frame();
     labelPath_.clear();
     firstRevision_ = revision_ = savedRevision_ = ++lastRevision_;
+    selection_.reset();
     emit imageChanged();
     emit titleChanged();
     return {};
@@ -104,6 +107,7 @@ void Session::followFrame()
         return;
     endStroke();
     shownFrame_ = frame();
+    selection_.followShown();
     emit frameChanged(shownFrame_);
 }
 

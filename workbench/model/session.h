@@ -2,6 +2,7 @@
 
 #include "hostkit/structures/broadcast.h"
 #include "workbench/document/open.h"
+#include "workbench/model/frame_selection.h"
 #include "workbench/model/fresh_host.h"
 #include "workbench/model/image_tree.h"
 #include "workbench/model/stroke.h"
@@ -82,6 +83,12 @@ public:
     int frame() const;
     /// Shows another; clamped to those that there are. A stroke in progress is ended.
     void setFrame(int z);
+
+    /// Which of them are selected: what the histogram is of.
+    FrameSelection& selection() { return selection_; }
+
+    /// What grey values are multiplied by before panels see them; 1 for nearly all images.
+    double greyFactor() const { return tree_.greyFactor(); }
 
     /// The grey values from black to white.
     document::Window window() const { return window_; }
@@ -168,6 +175,7 @@ private:
 
     FreshHost host_;
     ImageTree tree_;
+    FrameSelection selection_{tree_};
     TagNames names_;
     std::unique_ptr<Image> image_;
     std::unique_ptr<Stroke> stroke_;
