@@ -67,7 +67,9 @@ bool Matrix_Inverse::factorize(const Matrix_Storage& matrix)
 
 bool Matrix_Inverse::is_finite() const
 {
-    return elements().allFinite();
+    // The scaled inverse is at most some 2^52: only a scale near the end of the numbers needs a closer look.
+    constexpr double surely = 1e250;
+    return row_scale_.maxCoeff() < surely / column_scale_.maxCoeff() || elements().allFinite();
 }
 
 MatrixXd Matrix_Inverse::elements() const

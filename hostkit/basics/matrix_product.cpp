@@ -21,15 +21,40 @@ Eigen::Map<const Row_Major> mapped(const Matrix_Storage& matrix)
     return {matrix.row(0), index(matrix.rows()), index(matrix.columns())};
 }
 
-// The strip's part of one row of the upper triangle.
-void add_square(const Matrix_Storage& matrix, size_t strip, size_t column, double* sums)
-{
-    const size_t end = matrix.span(strip).end;
-    for (size_t y = matrix.first_row(strip); y < matrix.end_row(strip); ++y) {
-        const double* row = matrix.row(y);
-        for (size_t x = column; x < end; ++x)
-            sums[x] += row[column] * row[x];
+// A row of sums, one a column, to which the rows of a strip are added, each times a factor of its own.
+struct Weighted_Rows {
+    const double* rows;
+    size_t columns;
+    size_t count;
+    const double* factors;
+    size_t factor_step;
+
+    // Every sum is formed in the order of the rows; those of neighbouring columns run side by side.
+    template <size_t width>
+    void add(size_t column, double* sums) const
+    {
+        double sum[width];
+        std::copy_n(sums + column, width, sum);
+        for (size_t y = 0; y < count; ++y) {
+            for (size_t i = 0; i < width; ++i)
+                sum[i] += factors[y * factor_step] * rows[y * columns + column + i];
+        }
+        std::copy_n(sum, width, sums + column);
     }
+
+    void add(size_t column, size_t end, double* sums) const
+    {
+        for (; column + 4 <= end; column += 4)
+            add<4>(column, sums);
+        for (; column < end; ++column)
+            add<1>(column, sums);
+    }
+};
+
+Weighted_Rows weighted_rows(const Matrix_Storage& matrix, size_t strip, const double* factors, size_t factor_step)
+{
+    const size_t first = matrix.first_row(strip);
+    return {matrix.row(first), matrix.columns(), matrix.end_row(strip) - first, factors, factor_step};
 }
 
 void mirror_upper_triangle(Matrix_Storage& matrix)
@@ -88,8 +113,8 @@ Matrix_Storage::Owner Square_Of(Matrix_Storage& matrix)
     matrix.tighten();
     for (size_t strip = 0; strip < matrix.strips(); ++strip) {
         const auto span = matrix.span(strip);
-        for (size_t column = span.first; column < span.end; ++column)
-            add_square(matrix, strip, column, square->row(column));
+        for (size_t y = span.first; y < span.end; ++y)
+            weighted_rows(matrix, strip, std::as_const(matrix).row(matrix.first_row(strip)) + y, matrix.columns()).add(y, span.end, square->row(y));
     }
     mirror_upper_triangle(*square);
     return square;
@@ -105,11 +130,7 @@ void Multiply_Transpose(const Matrix_Storage& matrix, const double* vector, doub
 {
     for (size_t strip = 0; strip < matrix.strips(); ++strip) {
         const auto span = matrix.span(strip);
-        for (size_t y = matrix.first_row(strip); y < matrix.end_row(strip); ++y) {
-            const double* row = matrix.row(y);
-            for (size_t x = span.first; x < span.end; ++x)
-                product[x] += row[x] * vector[y];
-        }
+        weighted_rows(matrix, strip, vector + matrix.first_row(strip), 1).add(span.first, span.end, product);
     }
 }
 

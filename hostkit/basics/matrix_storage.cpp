@@ -1,5 +1,6 @@
 #include "hostkit/basics/matrix_storage.h"
 
+#include <bit>
 #include <cstdint>
 #include <cstdlib>
 #include <new>
@@ -54,22 +55,31 @@ bool Matrix_Storage::settle()
     return true;
 }
 
-bool Matrix_Storage::column_is_zero(size_t strip, unsigned column) const
+// Looks at 8 columns at a time: every one that holds something has a bit left in its union.
+Matrix_Storage::Span Matrix_Storage::tightened(size_t strip) const
 {
-    for (size_t x = first_row(strip); x < end_row(strip); ++x) {
-        if (row(x)[column] != 0.0)
-            return false;
+    constexpr unsigned width = 8;
+    const Span span = spans_[strip];
+    Span tight{span.end, span.first};
+    for (unsigned column = span.first; column < span.end; column += width) {
+        std::uint64_t bits[width] = {};
+        for (size_t y = first_row(strip); y < end_row(strip); ++y) {
+            const double* part = row(y) + column;
+            for (unsigned i = 0; i < width; ++i)
+                bits[i] |= std::bit_cast<std::uint64_t>(part[i]);
+        }
+        for (unsigned i = 0; i < std::min(width, span.end - column); ++i) {
+            if (bits[i] != 0) {
+                tight.first = std::min(tight.first, column + i);
+                tight.end = column + i + 1;
+            }
+        }
     }
-    return true;
+    return tight.first < tight.end ? tight : Span{};
 }
 
 void Matrix_Storage::tighten()
 {
-    for (size_t strip = 0; strip < strips(); ++strip) {
-        Span& span = spans_[strip];
-        while (span.first < span.end && column_is_zero(strip, span.first))
-            ++span.first;
-        while (span.first < span.end && column_is_zero(strip, span.end - 1))
-            --span.end;
-    }
+    for (size_t strip = 0; strip < strips(); ++strip)
+        spans_[strip] = tightened(strip);
 }

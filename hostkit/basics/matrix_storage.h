@@ -76,7 +76,7 @@ private:
     ~Matrix_Storage();
 
     void release();
-    bool column_is_zero(size_t strip, unsigned column) const;
+    Span tightened(size_t strip) const;
 
     size_t owners_ = 1; // who shares it shares a thread
     size_t columns_ = 0;
