@@ -176,11 +176,11 @@ int Tool_Histo::Write(char* path)
         report_not_opened(path ? path : "", path ? errno : EINVAL, __LINE__);
         return 0;
     }
-    void* const window = frame::value_of("$WINDOW_CUR");
-    if (!window)
+    void* const shown_in = frame::value_of("$WINDOW_CUR");
+    if (!shown_in)
         return 0; // deliberately without any clean-up: the file stays open and empty
     Frame_Counts counts;
-    if (!count_frames(window, counts)) {
+    if (!count_frames(shown_in, counts)) {
         std::fclose(file);
         return 0;
     }

@@ -8,6 +8,7 @@ using hostkit::Paint;
 
 namespace {
 
+constexpr unsigned vertical_bit = 1u << 2;
 constexpr unsigned greyed_bit = 1u << 5;
 constexpr unsigned shows_mark_bit = 1u << 20;
 constexpr int question = 4;
@@ -120,8 +121,13 @@ void Buttons::Draw_Picture()
         paint.fill(area, blend(text, back, 8));
         paint.frame(area, std::min<int>(border, BORDER), blend(frame, back, 128));
     }
-    if (*name.get())
-        paint.centred_text(area.inset(2), name.get(), font, greyed ? blend(text, back, 90) : text);
+    if (!*name.get())
+        return;
+    const Colors caption = greyed ? blend(text, back, 90) : text;
+    if (state & vertical_bit)
+        paint.stacked_text(area.inset(2), name.get(), font, caption);
+    else
+        paint.centred_text(area.inset(2), name.get(), font, caption);
 }
 
 int Buttons::Select(int up_down)

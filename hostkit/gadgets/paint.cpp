@@ -173,6 +173,27 @@ void Paint::centred_text(const Area& area, const char* text, HFONT font, Colors 
     });
 }
 
+void Paint::stacked_text(const Area& area, const char* text, HFONT font, Colors color) const
+{
+    if (!ready_ || area.empty())
+        return;
+    with_font(font, [&] {
+        TEXTMETRICA metrics{};
+        GetTextMetricsA(Y_DC, &metrics);
+        const Wide letters = widened(text);
+        const int height = metrics.tmAscent; // letters of one word need no room for descenders between them
+        const int all = height * static_cast<int>(letters.size());
+        if (all > area.height)
+            return;
+        int top = area.y + area.height - (area.height - all) / 2;
+        for (const WCHAR letter : letters) {
+            const Wide one(1, letter);
+            top -= height;
+            line({area.x, top, area.width, height}, one, area.x + (area.width - measured(one)) / 2, color);
+        }
+    });
+}
+
 void Paint::scrolled_text(const Area& area, std::string_view text, int hidden, HFONT font, Colors color) const
 {
     if (!ready_ || area.empty())

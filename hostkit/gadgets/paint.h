@@ -48,6 +48,9 @@ public:
     /// The same in the middle of the area.
     void centred_text(const Area& area, const char* text, HFONT font, Colors color) const;
 
+    /// A text whose letters stand one below the other, in the middle of the area; nothing when they do not fit.
+    void stacked_text(const Area& area, const char* text, HFONT font, Colors color) const;
+
     /// A text of which `hidden` pixels lie to the left of the area; nothing is drawn outside.
     void scrolled_text(const Area& area, std::string_view text, int hidden, HFONT font, Colors color) const;
     int text_width(std::string_view text, HFONT font) const;

@@ -139,7 +139,9 @@ public:
 
 private:
     static constexpr int values = 1 << (8 * sizeof(Pixel));
-    using Tables = unsigned[4][values];
+    struct Tables {
+        unsigned counts[4][values] = {};
+    };
 
     static std::size_t place(Pixel value)
     {
@@ -156,7 +158,7 @@ private:
         }
         lowest_ = std::min(lowest_, lowest);
         highest_ = std::max(highest_, highest);
-        auto& tables = *tables_;
+        auto& tables = tables_->counts;
         if (lowest == highest) {
             tables[0][place(lowest)] += static_cast<unsigned>(size);
             return;
@@ -175,7 +177,7 @@ private:
     // Adds the tables up and leaves them empty.
     Frame_Counts<Pixel> take()
     {
-        auto& tables = *tables_;
+        auto& tables = tables_->counts;
         const std::size_t first = place(lowest_), last = place(highest_);
         Frame_Counts<Pixel> result{lowest_, std::vector<unsigned>(last - first + 1)};
         for (std::size_t i = first; i <= last; ++i)

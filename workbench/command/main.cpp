@@ -12,7 +12,8 @@
 #include <string>
 #include <string_view>
 
-#include <QtGlobal>
+#include <QByteArray>
+#include <QString>
 
 namespace {
 
@@ -101,6 +102,9 @@ void describe(CLI::App& command, HistogramRequest& request)
     command.add_flag("--json", request.json, "Print one JSON object instead of a table");
 }
 
+// The library that draws has remarks on a missing desktop.
+void ignoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
+
 }
 
 int main(int argc, char** argv)
@@ -114,6 +118,7 @@ int main(int argc, char** argv)
     } catch (const CLI::ParseError& error) {
         return program.exit(error) == 0 ? 0 : wrongUsage;
     }
+    qInstallMessageHandler(ignoreMessage);
     qputenv("QT_QPA_PLATFORM", "offscreen"); // pictures are drawn without a display
     std::setlocale(LC_NUMERIC, "C");
     try {

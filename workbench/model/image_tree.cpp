@@ -31,23 +31,6 @@ std::string name_of_frame(const document::Volume& volume, int z)
     return "Slice " + std::to_string(numbered ? volume.frames[std::size_t(z)].instance : z + 1);
 }
 
-Strato_2D* build(const document::Volume& volume)
-{
-    auto* series =
-        hostkit::Object_2D_Add(hostkit::Root_2D(), {name_of_series(volume), "Series", series_class, 0, series_class});
-    try {
-        for (int z = 0; z < volume.frame_count(); ++z)
-            set_selected(hostkit::Frame_Add(series, {name_of_frame(volume, z), "Frame", hostkit::frame_class,
-                                                        unsigned(z), hostkit::frame_magic}),
-                true);
-        hostkit::Series_Pixels_Set(series, pixels_of(volume));
-    } catch (...) {
-        hostkit::Object_2D_Remove(series);
-        throw;
-    }
-    return series;
-}
-
 constexpr unsigned char of_itself = 16;
 constexpr unsigned long long selected = 512;
 
@@ -100,6 +83,23 @@ hostkit::Series_Pixels pixels_of(const document::Volume& volume)
 {
     return {pixel_type(volume.type), volume.pixels.data(), volume.width(), volume.height(), volume.frame_count(),
         volume.slope, volume.intercept, volume.unit};
+}
+
+Strato_2D* build(const document::Volume& volume)
+{
+    auto* series =
+        hostkit::Object_2D_Add(hostkit::Root_2D(), {name_of_series(volume), "Series", series_class, 0, series_class});
+    try {
+        for (int z = 0; z < volume.frame_count(); ++z)
+            set_selected(hostkit::Frame_Add(series, {name_of_frame(volume, z), "Frame", hostkit::frame_class,
+                                                        unsigned(z), hostkit::frame_magic}),
+                true);
+        hostkit::Series_Pixels_Set(series, pixels_of(volume));
+    } catch (...) {
+        hostkit::Object_2D_Remove(series);
+        throw;
+    }
+    return series;
 }
 
 }
