@@ -20,7 +20,9 @@ QSet<const Device_Context*>& live_contexts()
 
 int scaled(int value, int extent, int by)
 {
-    return by == 0 ? value : static_cast<int>(std::lround(static_cast<double>(value) * extent / by));
+    if (by == 0 || extent == by)
+        return value;
+    return extent == -by ? -value : static_cast<int>(std::lround(static_cast<double>(value) * extent / by));
 }
 
 QPainter::CompositionMode composition(int operation)
@@ -99,6 +101,14 @@ QPoint Device_Context::to_device(int x, int y) const
            state.viewport_origin;
 }
 
+QPolygon Device_Context::to_device(const POINT* points, int count) const
+{
+    QPolygon polygon(count);
+    std::transform(
+        points, points + count, polygon.begin(), [this](const POINT& point) { return to_device(point.x, point.y); });
+    return polygon;
+}
+
 QPoint Device_Context::to_logical(const QPoint& device) const
 {
     const QPoint from_origin = device - state.viewport_origin;
@@ -134,9 +144,27 @@ Drawing_Object::Font& Device_Context::font() const
     return object && object->font ? *object->font : *system_font()->font;
 }
 
-QColor Device_Context::color_of(const Drawing_Object& brush) const
+QColor Device_Context::color_of(const Drawing_Object& ink) const
 {
-    return brush.context_color ? to_qcolor(state.brush_color) : brush.color;
+    return ink.context_color ? to_qcolor(state.brush_color) : ink.color;
+}
+
+QBrush Device_Context::to_qbrush(const Drawing_Object& brush) const
+{
+    if (brush.hollow)
+        return Qt::NoBrush;
+    return brush.pattern.style() == Qt::NoBrush ? QBrush(color_of(brush)) : brush.pattern;
+}
+
+void Device_Context::fill(const QRect& rectangle, const Drawing_Object& ink, Meets meets)
+{
+    if (rectangle.isEmpty() || ink.hollow)
+        return;
+    if (ink.pattern.style() == Qt::NoBrush)
+        painter(meets).fillRect(rectangle, color_of(ink));
+    else
+        painter(meets).fillRect(rectangle, ink.pattern);
+    mark(rectangle);
 }
 
 // --------------------------------------------------------------------------------------------------- the calls

@@ -30,6 +30,7 @@ public:
     void mark(const QRect& drawn) { drawn_ |= drawn; }
 
     QPoint to_device(int x, int y) const;
+    QPolygon to_device(const POINT* points, int count) const;
     QPoint to_logical(const QPoint& device) const;
 
     /// The pixels between two corners: those of the larger coordinates are left out.
@@ -58,11 +59,16 @@ public:
     const Drawing_Object& brush() const;
     Drawing_Object::Font& font() const;
 
-    /// The colour that a brush fills with here.
-    QColor color_of(const Drawing_Object& brush) const;
+    /// What a brush fills with here.
+    QBrush to_qbrush(const Drawing_Object& brush) const;
+
+    /// Fills device pixels with what a brush or a pen draws with.
+    void fill(const QRect& rectangle, const Drawing_Object& ink, Meets meets);
     void changed() { fresh_ = false; }
 
 private:
+    QColor color_of(const Drawing_Object& ink) const;
+
     Window* window_;
     QRect drawn_;
     bool fresh_ = false; // the painter is set up as this context wants it

@@ -1,120 +1,47 @@
-#include "platform/qt/context.h"
+#include "platform/qt/lines.h"
 
 #include <QImage>
 
 #include <algorithm>
 #include <cstdlib>
 
-// Lines, areas, pixels and texts.
+// Areas, pixels and texts.
 
 namespace {
 
 using Meets = Device_Context::Meets;
 
-void fill(Device_Context& dc, const QRect& rectangle, const QColor& color, Meets meets)
-{
-    if (rectangle.isEmpty())
-        return;
-    dc.painter(meets).fillRect(rectangle, color);
-    dc.mark(rectangle);
-}
-
-QPen to_qpen(const Drawing_Object& object)
-{
-    QPen pen(object.color, object.width, object.style, Qt::FlatCap, Qt::MiterJoin);
-    return pen;
-}
-
-// An axis-parallel line is the rectangle that its pen passes over; the end is left out.
-QRect passed_over(const QPoint& from, const QPoint& to, int width)
-{
-    const int before = width / 2;
-    if (from.y() == to.y()) {
-        const int left = std::min(from.x(), to.x() + 1);
-        return {left, from.y() - before, std::abs(to.x() - from.x()), width};
-    }
-    const int top = std::min(from.y(), to.y() + 1);
-    return {from.x() - before, top, width, std::abs(to.y() - from.y())};
-}
-
-void draw_line(Device_Context& dc, const QPoint& from, const QPoint& to)
-{
-    const Drawing_Object& pen = dc.pen();
-    if (pen.style == Qt::NoPen || from == to)
-        return;
-    if (pen.style == Qt::SolidLine && (from.x() == to.x() || from.y() == to.y())) {
-        fill(dc, passed_over(from, to, pen.width), pen.color, Meets::by_operation);
-        return;
-    }
-    QPainter& painter = dc.painter(Meets::by_operation);
-    painter.setPen(to_qpen(pen));
-    painter.drawLine(from, to);
-    dc.mark(QRect(from, to).normalized().adjusted(-pen.width, -pen.width, pen.width, pen.width));
-}
-
 // The frame of a rectangle, each pixel once, so that XOR draws it and takes it back.
-void fill_frame(Device_Context& dc, const QRect& outer, int width, const QColor& color, Meets meets)
+void fill_frame(Device_Context& dc, const QRect& outer, int width, const Drawing_Object& ink, Meets meets)
 {
     const int thickness = std::min({width, outer.width(), outer.height()});
-    fill(dc, {outer.left(), outer.top(), outer.width(), thickness}, color, meets);
+    dc.fill({outer.left(), outer.top(), outer.width(), thickness}, ink, meets);
     if (outer.height() <= thickness)
         return;
-    fill(dc, {outer.left(), outer.bottom() + 1 - thickness, outer.width(), thickness}, color, meets);
+    dc.fill({outer.left(), outer.bottom() + 1 - thickness, outer.width(), thickness}, ink, meets);
     const int side = outer.height() - 2 * thickness;
-    fill(dc, {outer.left(), outer.top() + thickness, thickness, side}, color, meets);
+    dc.fill({outer.left(), outer.top() + thickness, thickness, side}, ink, meets);
     if (outer.width() > thickness)
-        fill(dc, {outer.right() + 1 - thickness, outer.top() + thickness, thickness, side}, color, meets);
-}
-
-QPolygon to_device(const Device_Context& dc, const POINT* points, int count)
-{
-    QPolygon polygon;
-    for (int i = 0; i < count; ++i)
-        polygon << dc.to_device(points[i].x, points[i].y);
-    return polygon;
+        dc.fill({outer.right() + 1 - thickness, outer.top() + thickness, thickness, side}, ink, meets);
 }
 
 // Pen and brush of the context, for what Qt draws itself.
 QPainter& with_pen_and_brush(Device_Context& dc)
 {
     QPainter& painter = dc.painter(Meets::by_operation);
-    painter.setPen(dc.pen().style == Qt::NoPen ? QPen(Qt::NoPen) : to_qpen(dc.pen()));
-    painter.setBrush(dc.brush().hollow ? QBrush(Qt::NoBrush) : QBrush(dc.color_of(dc.brush())));
+    painter.setPen(to_qpen(dc.pen()));
+    painter.setBrush(dc.to_qbrush(dc.brush()));
     return painter;
 }
 
+// Whether the outline is that of axis-parallel lines, which are sharp at every scale and faster.
+bool is_outlined_by_lines(const Device_Context& dc, const QPolygon& polygon)
+{
+    const auto slants = [](const QPoint& from, const QPoint& to) { return from.x() != to.x() && from.y() != to.y(); };
+    return dc.pen().width == 1 && lines_cover(dc) && !slants(polygon.last(), polygon.first()) &&
+           std::adjacent_find(polygon.begin(), polygon.end(), slants) == polygon.end();
 }
 
-BOOL MoveToEx(HDC context, int x, int y, POINT* previous)
-{
-    Device_Context* dc = Device_Context::of(context);
-    if (!dc)
-        return FALSE;
-    if (previous)
-        *previous = {dc->state.position.x(), dc->state.position.y()};
-    dc->state.position = {x, y};
-    return TRUE;
-}
-
-BOOL LineTo(HDC context, int x, int y)
-{
-    Device_Context* dc = Device_Context::of(context);
-    if (!dc)
-        return FALSE;
-    draw_line(*dc, dc->to_device(dc->state.position.x(), dc->state.position.y()), dc->to_device(x, y));
-    dc->state.position = {x, y};
-    return TRUE;
-}
-
-BOOL Polyline(HDC context, const POINT* points, int count)
-{
-    Device_Context* dc = Device_Context::of(context);
-    if (!dc || count < 2)
-        return FALSE;
-    const QPolygon line = to_device(*dc, points, count);
-    for (int i = 1; i < count; ++i)
-        draw_line(*dc, line[i - 1], line[i]);
-    return TRUE;
 }
 
 // The area has the pixels whose centres lie inside; the outline goes through the corners.
@@ -123,11 +50,16 @@ BOOL Polygon(HDC context, const POINT* points, int count)
     Device_Context* dc = Device_Context::of(context);
     if (!dc || count < 2)
         return FALSE;
-    const QPolygon polygon = to_device(*dc, points, count);
+    const QPolygon polygon = dc->to_device(points, count);
     QPainter& painter = with_pen_and_brush(*dc);
+    const bool of_lines = is_outlined_by_lines(*dc, polygon);
+    if (of_lines)
+        painter.setPen(Qt::NoPen);
     painter.drawPolygon(polygon, Qt::OddEvenFill);
     const int around = dc->pen().width;
     dc->mark(polygon.boundingRect().adjusted(-around, -around, around, around));
+    if (of_lines)
+        draw_lines(*dc, polygon + QPolygon{polygon.first()});
     return TRUE;
 }
 
@@ -142,10 +74,9 @@ BOOL Rectangle(HDC context, int left, int top, int right, int bottom)
     const int before = pen.style == Qt::NoPen ? 0 : pen.width / 2;
     const int width = pen.style == Qt::NoPen ? 0 : pen.width;
     const QRect outer = covered.translated(-before, -before).adjusted(0, 0, width, width);
-    if (!dc->brush().hollow)
-        fill(*dc, outer.adjusted(width, width, -width, -width), dc->color_of(dc->brush()), Meets::by_operation);
+    dc->fill(outer.adjusted(width, width, -width, -width), dc->brush(), Meets::by_operation);
     if (width > 0)
-        fill_frame(*dc, outer, width, pen.color, Meets::by_operation);
+        fill_frame(*dc, outer, width, pen, Meets::by_operation);
     return TRUE;
 }
 
@@ -166,9 +97,8 @@ int FillRect(HDC context, const RECT* rectangle, HBRUSH brush)
     const Drawing_Object* paint = object_of(brush);
     if (!dc || !rectangle || !paint)
         return 0;
-    if (!paint->hollow)
-        fill(*dc, dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom),
-            dc->color_of(*paint), Meets::covering);
+    dc->fill(
+        dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom), *paint, Meets::covering);
     return 1;
 }
 
@@ -178,8 +108,8 @@ int FrameRect(HDC context, const RECT* rectangle, HBRUSH brush)
     const Drawing_Object* paint = object_of(brush);
     if (!dc || !rectangle || !paint)
         return 0;
-    fill_frame(*dc, dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom), 1,
-        dc->color_of(*paint), Meets::covering);
+    fill_frame(*dc, dc->to_device(rectangle->left, rectangle->top, rectangle->right, rectangle->bottom), 1, *paint,
+        Meets::covering);
     return 1;
 }
 
@@ -188,7 +118,9 @@ COLORREF SetPixel(HDC context, int x, int y, COLORREF color)
     Device_Context* dc = Device_Context::of(context);
     if (!dc)
         return CLR_INVALID;
-    fill(*dc, {dc->to_device(x, y), QSize(1, 1)}, to_qcolor(color), Meets::covering);
+    const QRect dot(dc->to_device(x, y), QSize(1, 1));
+    dc->painter(Meets::covering).fillRect(dot, to_qcolor(color));
+    dc->mark(dot);
     return color;
 }
 
@@ -209,15 +141,13 @@ int StretchDIBits(HDC context, int x, int y, int width, int height, int source_x
     int source_height, const void* pixels, const BITMAPINFO* description, UINT, DWORD)
 {
     Device_Context* dc = Device_Context::of(context);
-    if (!dc || !pixels || !description || description->bmiHeader.biBitCount != 32)
+    const QImage picture = dc && description ? upright(description->bmiHeader, pixels) : QImage();
+    if (picture.isNull())
         return 0;
-    const BITMAPINFOHEADER& header = description->bmiHeader;
-    const QImage stored(
-        static_cast<const uchar*>(pixels), header.biWidth, std::abs(header.biHeight), QImage::Format_RGB32);
-    const bool upright = header.biHeight < 0;
-    const QImage source = (upright ? stored : stored.mirrored())
-                              .copy(source_x, upright ? source_y : std::abs(header.biHeight) - source_y - source_height,
-                                  source_width, source_height);
+    // Rows are counted from the one that is stored first.
+    const bool upside_down = description->bmiHeader.biHeight > 0;
+    const int first_row = upside_down ? picture.height() - source_y - source_height : source_y;
+    const QImage source = picture.copy(source_x, first_row, source_width, source_height);
     const QRect target = dc->to_device(x, y, x + width, y + height);
     dc->painter(Meets::covering).drawImage(target, source);
     dc->mark(target);

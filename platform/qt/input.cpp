@@ -291,6 +291,11 @@ HCURSOR LoadCursorA(HINSTANCE, LPCSTR name)
     return reinterpret_cast<HCURSOR>(const_cast<char*>(name)); // the system's cursors are known by number
 }
 
+HICON LoadIconA(HINSTANCE, LPCSTR)
+{
+    return nullptr;
+}
+
 HCURSOR SetCursor(HCURSOR cursor)
 {
     static HCURSOR shown = nullptr;

@@ -88,6 +88,20 @@ QColor to_qcolor(COLORREF color)
     return QColor(GetRValue(color), GetGValue(color), GetBValue(color));
 }
 
+QPen to_qpen(const Drawing_Object& pen)
+{
+    return QPen(pen.color, pen.width, pen.style, Qt::FlatCap, Qt::MiterJoin);
+}
+
+QImage upright(const BITMAPINFOHEADER& header, const void* pixels)
+{
+    if (!pixels || header.biBitCount != 32 || header.biCompression != BI_RGB)
+        return {};
+    const QImage stored(
+        static_cast<const uchar*>(pixels), header.biWidth, std::abs(header.biHeight), QImage::Format_RGB32);
+    return header.biHeight < 0 ? stored : stored.mirrored();
+}
+
 HPEN CreatePen(int style, int width, COLORREF color)
 {
     const Qt::PenStyle line = style == PS_NULL ? Qt::NoPen : style == PS_DOT ? Qt::DotLine : Qt::SolidLine;
@@ -98,6 +112,18 @@ HPEN CreatePen(int style, int width, COLORREF color)
 HBRUSH CreateSolidBrush(COLORREF color)
 {
     return reinterpret_cast<HBRUSH>(keep({.kind = Drawing_Object::Kind::brush, .color = to_qcolor(color)}));
+}
+
+HBRUSH CreateDIBPatternBrushPt(const void* packed, UINT usage)
+{
+    if (!packed || usage != DIB_RGB_COLORS)
+        return nullptr;
+    const auto& header = *static_cast<const BITMAPINFOHEADER*>(packed);
+    const auto* pixels = static_cast<const BYTE*>(packed) + header.biSize + header.biClrUsed * sizeof(RGBQUAD);
+    const QImage tile = upright(header, pixels).copy();
+    if (tile.isNull())
+        return nullptr;
+    return reinterpret_cast<HBRUSH>(keep({.kind = Drawing_Object::Kind::brush, .pattern = QBrush(tile)}));
 }
 
 HFONT CreateFontA(int height, int, int, int, int weight, DWORD italic, DWORD underline, DWORD strike_out, DWORD, DWORD,

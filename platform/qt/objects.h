@@ -2,10 +2,13 @@
 
 #include "platform/windows_api.h"
 
+#include <QBrush>
 #include <QCache>
 #include <QColor>
 #include <QFont>
 #include <QFontMetrics>
+#include <QImage>
+#include <QPen>
 #include <QRect>
 #include <QStaticText>
 
@@ -40,6 +43,7 @@ struct Drawing_Object {
     Qt::PenStyle style = Qt::SolidLine; // pen; NoPen draws nothing
     bool hollow = false;                // brush
     bool context_color = false;         // brush: the colour is the context's
+    QBrush pattern;                     // brush: what it repeats; without a style when it has a plain colour
     std::unique_ptr<Font> font;
     QRect region;
 };
@@ -53,3 +57,7 @@ Drawing_Object* white_brush();
 Drawing_Object* system_font();
 
 QColor to_qcolor(COLORREF color);
+QPen to_qpen(const Drawing_Object& pen);
+
+/// A 32-bit bitmap with its top row first, sharing the pixels where it can; null for any other kind of bitmap.
+QImage upright(const BITMAPINFOHEADER& header, const void* pixels);

@@ -144,25 +144,27 @@ void Window::tell_size()
         return;
     told_size_ = size();
     send(WM_SIZE, SIZE_RESTORED, MAKELPARAM(width(), height()));
-    invalidate(rect());
+    invalidate(rect(), Background::erased);
 }
 
 // ---------------------------------------------------------------------------------------------------- painting
 
-void Window::invalidate(const QRect& rectangle)
+// One part that is to be erased has all of them erased.
+void Window::invalidate(const QRect& rectangle, Background under)
 {
     to_paint_ += rectangle & rect();
+    if (under == Background::erased)
+        under_ = under;
     if (paint_posted_ || to_paint_.isEmpty() || !isVisible())
         return;
     paint_posted_ = true;
     QCoreApplication::postEvent(this, new QEvent(paint_request), Qt::LowEventPriority);
 }
 
-QRect Window::validate()
+Window::To_Paint Window::validate()
 {
-    const QRect result = to_paint_.boundingRect();
-    to_paint_ = {};
-    return result;
+    const QRect area = std::exchange(to_paint_, {}).boundingRect();
+    return {area, std::exchange(under_, Background::kept)};
 }
 
 void Window::paint_now()
@@ -249,7 +251,7 @@ void Window::resizeEvent(QResizeEvent*)
 void Window::showEvent(QShowEvent*)
 {
     tell_size();
-    invalidate(rect());
+    invalidate(rect(), Background::erased);
 }
 
 void Window::closeEvent(QCloseEvent* event)

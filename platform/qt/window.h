@@ -36,8 +36,16 @@ public:
 
     void destroy();
     void tell_size();
-    void invalidate(const QRect& rectangle);
-    QRect validate(); ///< what has to be painted; nothing has, afterwards
+
+    enum class Background { kept, erased };
+    void invalidate(const QRect& rectangle, Background under);
+
+    /// What has to be painted, and whether the background has to be laid under it; nothing has, afterwards.
+    struct To_Paint {
+        QRect area;
+        Background under;
+    };
+    To_Paint validate();
     void paint_now();
 
     /// The painter of the picture, shared by all contexts; open while any of them is.
@@ -45,6 +53,7 @@ public:
     void close_painter(const QRect& drawn);
     const QImage& picture();
 
+    HINSTANCE instance = nullptr;
     LONG_PTR user_data = 0;
     HBRUSH background;
     bool tracks_leave = false;
@@ -84,6 +93,7 @@ private:
     std::unique_ptr<QPainter> painter_;
     int contexts_ = 0;
     QRegion to_paint_;
+    Background under_ = Background::kept;
     QSize told_size_{-1, -1};
     bool* unused_ = nullptr; // where the call that is offered a message learns that it was left to the default
     bool paint_posted_ = false;

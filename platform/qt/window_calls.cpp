@@ -23,6 +23,14 @@ std::map<std::string, Window_Class>& window_classes()
     return classes;
 }
 
+ATOM add_class(LPCSTR name, const Window_Class& added)
+{
+    static ATOM last = 0xC000;
+    if (!name || !added.procedure)
+        return 0;
+    return window_classes().emplace(name, added).second ? ++last : ATOM{0};
+}
+
 bool no_display()
 {
     return qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
@@ -66,16 +74,25 @@ HMODULE GetModuleHandleA(LPCSTR)
 
 ATOM RegisterClassA(const WNDCLASSA* description)
 {
-    static ATOM last = 0xC000;
-    if (!description || !description->lpszClassName || !description->lpfnWndProc)
+    return description ? add_class(description->lpszClassName, {description->lpfnWndProc, description->hbrBackground})
+                       : ATOM{0};
+}
+
+ATOM RegisterClassExA(const WNDCLASSEXA* description)
+{
+    if (!description || description->cbSize != sizeof *description)
         return 0;
-    const Window_Class added{description->lpfnWndProc, description->hbrBackground};
-    return window_classes().emplace(description->lpszClassName, added).second ? ++last : ATOM{0};
+    return add_class(description->lpszClassName, {description->lpfnWndProc, description->hbrBackground});
 }
 
 BOOL UnregisterClassA(LPCSTR name, HINSTANCE)
 {
-    return name && !Window::exists(name) && window_classes().erase(name) == 1;
+    const auto found = window_classes().find(name ? name : "");
+    if (found == window_classes().end() || Window::exists(name))
+        return FALSE;
+    DeleteObject(found->second.background); // it is the class's own
+    window_classes().erase(found);
+    return TRUE;
 }
 
 HWND CreateWindowExA(DWORD extended_style, LPCSTR class_name, LPCSTR title, DWORD style, int x, int y, int width,
@@ -88,6 +105,7 @@ HWND CreateWindowExA(DWORD extended_style, LPCSTR class_name, LPCSTR title, DWOR
     ensure_application();
     const bool child = (style & WS_CHILD) != 0;
     auto* window = new Window(child ? owner : nullptr, found->first, found->second.procedure, found->second.background);
+    window->instance = instance;
     window->setWindowTitle(QString::fromUtf8(title));
     place_new(*window, child, x, y, width, height);
 
@@ -117,34 +135,6 @@ BOOL DestroyWindow(HWND window)
 BOOL IsWindow(HWND window)
 {
     return Window::of(window) != nullptr;
-}
-
-BOOL IsWindowVisible(HWND window)
-{
-    const Window* found = Window::of(window);
-    return found && found->isVisible();
-}
-
-BOOL ShowWindow(HWND window, int command)
-{
-    Window* found = Window::of(window);
-    if (!found)
-        return FALSE;
-    const bool was_visible = !found->isHidden();
-    found->setVisible(command != SW_HIDE);
-    return was_visible;
-}
-
-BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint)
-{
-    Window* found = Window::of(window);
-    if (!found)
-        return FALSE;
-    found->setGeometry(x, y, std::max(width, 0), std::max(height, 0));
-    found->tell_size();
-    if (repaint && Window::of(window))
-        found->invalidate(found->rect());
-    return TRUE;
 }
 
 HWND GetParent(HWND window)
@@ -211,17 +201,27 @@ LONG_PTR SetWindowLongPtrA(HWND window, int index, LONG_PTR value)
 LONG_PTR GetWindowLongPtrA(HWND window, int index)
 {
     const Window* found = Window::of(window);
-    return found && index == GWLP_USERDATA ? found->user_data : 0;
+    if (!found)
+        return 0;
+    switch (index) {
+    case GWLP_USERDATA:
+        return found->user_data;
+    case GWLP_HINSTANCE:
+        return reinterpret_cast<LONG_PTR>(found->instance);
+    default:
+        return 0;
+    }
 }
 
-BOOL InvalidateRect(HWND window, const RECT* rectangle, BOOL)
+BOOL InvalidateRect(HWND window, const RECT* rectangle, BOOL erase)
 {
     Window* found = Window::of(window);
     if (!found)
         return FALSE;
     found->invalidate(
         rectangle ? QRect(QPoint(rectangle->left, rectangle->top), QPoint(rectangle->right - 1, rectangle->bottom - 1))
-                  : found->rect());
+                  : found->rect(),
+        erase ? Window::Background::erased : Window::Background::kept);
     return TRUE;
 }
 
@@ -239,13 +239,13 @@ HDC BeginPaint(HWND window, PAINTSTRUCT* paint)
     Window* found = Window::of(window);
     if (!found || !paint)
         return nullptr;
-    const QRect part = found->validate();
+    const auto [part, under] = found->validate();
     *paint = {};
     paint->hdc = GetDC(window);
     IntersectClipRect(paint->hdc, part.left(), part.top(), part.left() + part.width(), part.top() + part.height());
     paint->rcPaint = {part.left(), part.top(), part.left() + part.width(), part.top() + part.height()};
-    if (found->background)
-        FillRect(paint->hdc, &paint->rcPaint, found->background);
+    if (under == Window::Background::erased)
+        paint->fErase = FillRect(paint->hdc, &paint->rcPaint, found->background) == 0;
     return paint->hdc;
 }
 

@@ -91,6 +91,10 @@ WINAPI_CALL BOOL DPtoLP(HDC context, POINT* points, int count);
 
 WINAPI_CALL HPEN CreatePen(int style, int width, COLORREF color);
 WINAPI_CALL HBRUSH CreateSolidBrush(COLORREF color);
+
+/// A brush that repeats a packed bitmap: a BITMAPINFOHEADER with its 32-bit pixels (BI_RGB) behind it. Wherever it
+/// fills, its tiles start at the origin of the window. Null for any other kind of bitmap.
+WINAPI_CALL HBRUSH CreateDIBPatternBrushPt(const void* packed, UINT usage);
 WINAPI_CALL HFONT CreateFontA(int height, int width, int escapement, int orientation, int weight, DWORD italic,
     DWORD underline, DWORD strike_out, DWORD charset, DWORD output, DWORD clip, DWORD quality, DWORD pitch,
     LPCSTR face);
@@ -108,9 +112,10 @@ WINAPI_CALL int IntersectClipRect(HDC context, int left, int top, int right, int
 WINAPI_CALL int SetROP2(HDC context, int operation);
 WINAPI_CALL BOOL MoveToEx(HDC context, int x, int y, POINT* previous);
 
-/// Draws up to, and not including, the end.
+/// Draw up to, and not including, the end.
 WINAPI_CALL BOOL LineTo(HDC context, int x, int y);
 WINAPI_CALL BOOL Polyline(HDC context, const POINT* points, int count);
+
 WINAPI_CALL BOOL Polygon(HDC context, const POINT* points, int count);
 
 /// Leave out the right and the bottom edge; without a pen one pixel more. A wide pen is centred on the edge. A

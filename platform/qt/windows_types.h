@@ -24,6 +24,7 @@ using DWORD = std::uint32_t;
 using UINT = unsigned int;
 using INT = int;
 using LONG = std::int32_t;
+using ULONG = std::uint32_t;
 using CHAR = char;
 using SHORT = short;
 using WCHAR = char16_t;

@@ -19,6 +19,21 @@ struct WNDCLASSA {
     LPCSTR lpszClassName;
 };
 
+struct WNDCLASSEXA {
+    UINT cbSize;
+    UINT style;
+    WNDPROC lpfnWndProc;
+    int cbClsExtra;
+    int cbWndExtra;
+    HINSTANCE hInstance;
+    HICON hIcon;
+    HCURSOR hCursor;
+    HBRUSH hbrBackground;
+    LPCSTR lpszMenuName;
+    LPCSTR lpszClassName;
+    HICON hIconSm;
+};
+
 struct CREATESTRUCTA {
     LPVOID lpCreateParams;
     HINSTANCE hInstance;
@@ -66,6 +81,7 @@ constexpr DWORD WS_OVERLAPPED = 0x00000000;
 constexpr DWORD WS_CHILD = 0x40000000;
 constexpr DWORD WS_VISIBLE = 0x10000000;
 constexpr DWORD WS_OVERLAPPEDWINDOW = 0x00CF0000;
+constexpr DWORD WS_EX_ACCEPTFILES = 0x00000010;
 constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000);
 
 constexpr UINT WM_NULL = 0x0000;
@@ -74,6 +90,7 @@ constexpr UINT WM_DESTROY = 0x0002;
 constexpr UINT WM_SIZE = 0x0005;
 constexpr UINT WM_SETFOCUS = 0x0007;
 constexpr UINT WM_KILLFOCUS = 0x0008;
+constexpr UINT WM_ENABLE = 0x000A;
 constexpr UINT WM_PAINT = 0x000F;
 constexpr UINT WM_CLOSE = 0x0010;
 constexpr UINT WM_QUIT = 0x0012;
@@ -128,7 +145,13 @@ constexpr UINT PM_NOREMOVE = 0x0000;
 constexpr UINT PM_REMOVE = 0x0001;
 constexpr int SW_HIDE = 0;
 constexpr int SW_SHOW = 5;
+constexpr UINT SWP_NOSIZE = 0x0001;
+constexpr UINT SWP_NOMOVE = 0x0002;
+constexpr UINT SWP_NOZORDER = 0x0004;
+constexpr UINT SWP_NOACTIVATE = 0x0010;
+constexpr UINT SWP_SHOWWINDOW = 0x0040;
 constexpr int GWLP_USERDATA = -21;
+constexpr int GWLP_HINSTANCE = -6;
 constexpr DWORD TME_LEAVE = 0x00000002;
 constexpr int SM_CXSCREEN = 0;
 constexpr int SM_CYSCREEN = 1;
@@ -140,9 +163,15 @@ constexpr int SM_CYSCREEN = 1;
 #define IDC_CROSS reinterpret_cast<LPCSTR>(std::uintptr_t{32515})
 #define IDC_HAND reinterpret_cast<LPCSTR>(std::uintptr_t{32649})
 
+// Places in the stack of windows, in the place of one's handle.
+#define HWND_TOP reinterpret_cast<HWND>(std::intptr_t{0})
+#define HWND_TOPMOST reinterpret_cast<HWND>(std::intptr_t{-1})
+
 WINAPI_CALL HMODULE GetModuleHandleA(LPCSTR name);
 
+/// Classes are known by their names alone, before there is an application, too.
 WINAPI_CALL ATOM RegisterClassA(const WNDCLASSA* description);
+WINAPI_CALL ATOM RegisterClassExA(const WNDCLASSEXA* description);
 WINAPI_CALL BOOL UnregisterClassA(LPCSTR name, HINSTANCE instance);
 
 /// The first window makes the QApplication if there is none; without a display that is an offscreen one. The size of a
@@ -153,7 +182,20 @@ WINAPI_CALL BOOL DestroyWindow(HWND window);
 WINAPI_CALL BOOL IsWindow(HWND window);
 WINAPI_CALL BOOL IsWindowVisible(HWND window);
 WINAPI_CALL BOOL ShowWindow(HWND window, int command);
+WINAPI_CALL BOOL EnableWindow(HWND window, BOOL enable);
+WINAPI_CALL BOOL IsWindowEnabled(HWND window);
 WINAPI_CALL BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
+
+/// `after` is HWND_TOP, or HWND_TOPMOST, which keeps a window of its own above all others as far as the desktop lets
+/// it.
+WINAPI_CALL BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags);
+WINAPI_CALL BOOL BringWindowToTop(HWND window);
+
+/// Null, too, while what is active is no window of this kind, as when it is a widget of Qt's.
+WINAPI_CALL HWND GetActiveWindow();
+
+/// Touches reach every window as mouse messages.
+WINAPI_CALL BOOL RegisterTouchWindow(HWND window, ULONG flags);
 WINAPI_CALL HWND GetParent(HWND window);
 WINAPI_CALL BOOL GetClientRect(HWND window, RECT* client);
 WINAPI_CALL BOOL ClientToScreen(HWND window, POINT* point);
@@ -185,6 +227,9 @@ WINAPI_CALL BOOL TrackMouseEvent(TRACKMOUSEEVENT* track);
 WINAPI_CALL BOOL GetCursorPos(POINT* point);
 WINAPI_CALL BOOL SetCursorPos(int x, int y);
 WINAPI_CALL HCURSOR LoadCursorA(HINSTANCE instance, LPCSTR name);
+
+/// Always null: programs bring no icons here, their windows have the application's.
+WINAPI_CALL HICON LoadIconA(HINSTANCE instance, LPCSTR name);
 WINAPI_CALL HCURSOR SetCursor(HCURSOR cursor);
 WINAPI_CALL int GetSystemMetrics(int index);
 

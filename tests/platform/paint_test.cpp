@@ -153,4 +153,53 @@ TEST_F(Painting, ClassBackgroundIsLaidUnderIt)
     ReleaseDC(child, dc);
     DestroyWindow(child);
     UnregisterClassA("with background", description.hInstance);
+    EXPECT_FALSE(DeleteObject(brush)) << "it went with its class";
+}
+
+TEST_F(Painting, ClassBackgroundIsLaidOnlyWhereItIsAskedFor)
+{
+    WNDCLASSEXA description{};
+    description.cbSize = sizeof description;
+    description.lpfnWndProc = DefWindowProcA;
+    description.hInstance = GetModuleHandleA(nullptr);
+    description.hbrBackground = CreateSolidBrush(RGB(9, 8, 7));
+    description.lpszClassName = "with background, erased";
+    ASSERT_NE(RegisterClassExA(&description), 0);
+    const HWND child = CreateWindowExA(0, description.lpszClassName, "", WS_CHILD | WS_VISIBLE, 0, 0, 20, 20,
+        parent.handle(), nullptr, description.hInstance, nullptr);
+    test::pump();
+    UpdateWindow(child);
+    const HDC dc = GetDC(child);
+    SetPixel(dc, 10, 10, RGB(1, 2, 3));
+    InvalidateRect(child, nullptr, FALSE);
+    UpdateWindow(child);
+    EXPECT_EQ(GetPixel(dc, 10, 10), RGB(1, 2, 3));
+    const RECT corner{0, 0, 1, 1};
+    InvalidateRect(child, nullptr, FALSE);
+    InvalidateRect(child, &corner, TRUE);
+    UpdateWindow(child);
+    EXPECT_EQ(GetPixel(dc, 10, 10), RGB(9, 8, 7)) << "one part to be erased has all of them erased";
+    ReleaseDC(child, dc);
+    DestroyWindow(child);
+    UnregisterClassA(description.lpszClassName, description.hInstance);
+}
+
+TEST_F(Painting, SaysWhetherTheBackgroundIsStillToBeLaid)
+{
+    BOOL to_erase = FALSE;
+    window.handler = [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message != WM_PAINT)
+            return {};
+        PAINTSTRUCT paint{};
+        BeginPaint(window.handle(), &paint);
+        to_erase = paint.fErase;
+        EndPaint(window.handle(), &paint);
+        return 0;
+    };
+    InvalidateRect(window.handle(), nullptr, TRUE);
+    UpdateWindow(window.handle());
+    EXPECT_TRUE(to_erase) << "its class has no brush";
+    InvalidateRect(window.handle(), nullptr, FALSE);
+    UpdateWindow(window.handle());
+    EXPECT_FALSE(to_erase);
 }

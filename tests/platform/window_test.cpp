@@ -146,6 +146,12 @@ TEST_F(Window, StaleHandleIsRefusedByEveryCall)
     EXPECT_EQ(BeginPaint(stale, &paint), nullptr);
     EXPECT_EQ(SetWindowLongPtrA(stale, GWLP_USERDATA, 1), 0);
     EXPECT_EQ(GetWindowLongPtrA(stale, GWLP_USERDATA), 0);
+    EXPECT_EQ(GetWindowLongPtrA(stale, GWLP_HINSTANCE), 0);
+    EXPECT_FALSE(EnableWindow(stale, TRUE));
+    EXPECT_FALSE(IsWindowEnabled(stale));
+    EXPECT_FALSE(SetWindowPos(stale, HWND_TOP, 0, 0, 5, 5, 0));
+    EXPECT_FALSE(BringWindowToTop(stale));
+    EXPECT_FALSE(RegisterTouchWindow(stale, 0));
     EXPECT_EQ(SendMessageA(stale, WM_USER, 0, 0), 0);
     EXPECT_FALSE(PostMessageA(stale, WM_USER, 0, 0));
     EXPECT_EQ(create(test::test_class(), WS_CHILD, stale), nullptr);
@@ -229,6 +235,12 @@ TEST_F(Window, UserDataStartsAtZeroAndIsExchanged)
     EXPECT_EQ(GetWindowLongPtrA(window, GWLP_USERDATA), 42);
     DestroyWindow(window);
     UnregisterClassA("user data", description.hInstance);
+}
+
+TEST_F(Window, KnowsTheInstanceThatItWasMadeWith)
+{
+    EXPECT_EQ(
+        GetWindowLongPtrA(parent.handle(), GWLP_HINSTANCE), reinterpret_cast<LONG_PTR>(GetModuleHandleA(nullptr)));
 }
 
 TEST_F(Window, UsualPlaceAndSizeMakeAWindowWithAnArea)

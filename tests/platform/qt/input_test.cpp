@@ -292,6 +292,20 @@ TEST_F(Qt_Input, KeysAreTakenBeforeShortcutsOnlyWhenAskedFor)
     Window_Takes_Keys(window.handle(), false);
 }
 
+TEST_F(Qt_Input, DisabledWindowIsLeftAlone)
+{
+    EnableWindow(window.handle(), FALSE);
+    QTest::mouseClick(widget, Qt::LeftButton);
+    QTest::keyClick(widget, Qt::Key_A);
+    turn_wheel(120);
+    EXPECT_EQ(window.count(WM_LBUTTONDOWN), 0);
+    EXPECT_EQ(window.count(WM_KEYDOWN), 0);
+    EXPECT_EQ(window.count(WM_MOUSEWHEEL), 0);
+    EnableWindow(window.handle(), TRUE);
+    QTest::mouseClick(widget, Qt::LeftButton);
+    EXPECT_EQ(window.count(WM_LBUTTONDOWN), 1);
+}
+
 TEST_F(Qt_Input, ExceptionOfAProcedureStaysInThePlatform)
 {
     window.handler = [](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {

@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWidget>
+#include <QWindow>
 
 using test::Test_Window;
 
@@ -172,6 +173,41 @@ TEST(Qt_Widget, StaleContextIsRefusedThoughANewWindowTakesTheOldPlace)
     const Test_Window fresh;
     for (const HDC dc : stale)
         EXPECT_EQ(SetPixel(dc, 1, 1, RGB(1, 2, 3)), CLR_INVALID);
+}
+
+TEST(Qt_Widget, TopmostIsKeptAboveAllAndStaysTheSameWindow)
+{
+    const Test_Window window;
+    test::pump();
+    QWidget* widget = Widget_From_Window(window.handle());
+    const QWindow* native = widget->windowHandle();
+    ASSERT_NE(native, nullptr);
+    EXPECT_FALSE(native->flags() & Qt::WindowStaysOnTopHint);
+    EXPECT_TRUE(SetWindowPos(window.handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE));
+    EXPECT_TRUE(native->flags() & Qt::WindowStaysOnTopHint);
+    EXPECT_TRUE(widget->windowFlags() & Qt::WindowStaysOnTopHint);
+    EXPECT_EQ(widget->windowHandle(), native);
+    EXPECT_TRUE(IsWindowVisible(window.handle()));
+}
+
+TEST(Qt_Widget, TopmostBeforeItIsShownIsKeptAboveAllToo)
+{
+    const Test_Window window(nullptr, 50, 40, {}, false);
+    EXPECT_TRUE(SetWindowPos(window.handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW));
+    const QWindow* native = Widget_From_Window(window.handle())->windowHandle();
+    ASSERT_NE(native, nullptr);
+    EXPECT_TRUE(native->flags() & Qt::WindowStaysOnTopHint);
+}
+
+TEST(Qt_Widget, OnTheTopOfItsParentIsRaisedThere)
+{
+    const Test_Window parent(nullptr, 200, 150);
+    const Test_Window lower(parent.handle(), 50, 40);
+    const Test_Window upper(parent.handle(), 50, 40);
+    const QWidget* around = Widget_From_Window(parent.handle());
+    EXPECT_EQ(around->childAt(5, 5), Widget_From_Window(upper.handle()));
+    BringWindowToTop(lower.handle());
+    EXPECT_EQ(around->childAt(5, 5), Widget_From_Window(lower.handle()));
 }
 
 TEST(Qt_Widget, TextIsUtf8)
