@@ -12,6 +12,8 @@ constexpr unsigned row_button_marked = 0x500000; ///< a row button that shows it
 constexpr unsigned shows_marks = 0x100000;       ///< of an area: its row buttons show their pressed marks
 constexpr unsigned slider = 0x8000004;
 constexpr unsigned hidden_slider = 7;
+constexpr unsigned select_list = 8448;        ///< its text at the left, vertically centred
+constexpr unsigned greyed_select_list = 8483; ///< the same, greyed
 constexpr unsigned editor = 0x80000000;
 constexpr unsigned closed_editor = 0x80000003;
 
