@@ -15,6 +15,13 @@ constexpr Colors from_tag_words(unsigned short red, unsigned short green, unsign
         static_cast<unsigned char>(blue >> 8)};
 }
 
+/// From a word of `"$MARKER_COLOR"`: red in the low byte, then green, then blue.
+constexpr Colors from_marker_word(unsigned word)
+{
+    return {static_cast<unsigned char>(word), static_cast<unsigned char>(word >> 8),
+        static_cast<unsigned char>(word >> 16)};
+}
+
 /// To a pixel of a button picture: blue in the low byte.
 constexpr unsigned to_picture_pixel(Colors color)
 {

@@ -14,6 +14,8 @@ constexpr unsigned slider = 0x8000004;
 constexpr unsigned hidden_slider = 7;
 constexpr unsigned vertical_button = 4;
 constexpr unsigned zoom_valuator = 0x0A000004; ///< vertical, with its number
+constexpr unsigned select_list = 8448;         ///< its text at the left, vertically centred
+constexpr unsigned greyed_select_list = 8483;  ///< the same, greyed
 constexpr unsigned editor = 0x80000000;
 constexpr unsigned closed_editor = 0x80000003;
 

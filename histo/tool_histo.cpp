@@ -3,10 +3,10 @@
 #include "frame/change_flags.h"
 #include "frame/registry.h"
 #include "frame/report.h"
+#include "frame/widget_layout.h"
 #include "frame/widget_state.h"
 #include "histo/record_arrays.h"
 #include "histo/tool_histo_blow.h"
-#include "tools/widget_layout.h"
 
 #include <cstdarg>
 
@@ -56,20 +56,20 @@ int Tool_Histo::Resize(Boxs* area)
 {
     Error_Fct(hwnd, level::handler_trace, "in Tool_Histo::Resize()");
     const int control = frame::dimension("$INTERFACE_CURSOR_DIM");
-    tools::take_area(*this, *area, frame::state::panel_box);
-    tools::take_place(*this, area->x, area->y, area->width - 2 * (control + gap), area->height);
+    frame::take_area(*this, *area, frame::state::panel_box);
+    frame::take_place(*this, area->x, area->y, area->width - 2 * (control + gap), area->height);
     Init(area->window);
 
-    tools::take_look(zoom, *area);
-    tools::take_place(zoom, x + width + gap, y, control, height);
+    frame::take_look(zoom, *area);
+    frame::take_place(zoom, x + width + gap, y, control, height);
     zoom.state = frame::state::zoom_valuator;
     zoom.value = 1.0f;
     zoom.minimum = 0.001f;
     zoom.maximum = 1.0f;
     zoom.Init(area->window);
 
-    tools::take_look(blow, *area);
-    tools::take_place(blow, zoom.x + zoom.width + gap, y, control, height);
+    frame::take_look(blow, *area);
+    frame::take_place(blow, zoom.x + zoom.width + gap, y, control, height);
     blow.border = area->border;
     blow.state = frame::state::vertical_button;
     blow.Set_Name("Blow");

@@ -46,6 +46,15 @@ GADGETS_API void Y_release();
 /// Records the pointer: the client point (x, y) of the window (y downward), or the screen's cursor when both are 0.
 GADGETS_API void Y_Cursor(HWND window, int x, int y);
 
+/// The key that Keyboard is being called with, for widgets that move by keys; 0 when there is none, or it was used.
+/// The host records it before the call.
+GADGETS_API extern int YKey;
+
+/// Shows the hourglass, until Reset_Curs_Wait has been called as often. @param window who waits, null for the whole
+/// program: the cursor is one
+GADGETS_API void Set_Curs_Wait(HWND window);
+GADGETS_API void Reset_Curs_Wait(HWND window);
+
 /// A font. @param name UTF-8 family, null or empty for the platform's own; @param scale size in points;
 /// @param weight "bold", or null or empty. The caller deletes it with DeleteObject.
 GADGETS_API HFONT Y_Create_Font(const char* name, short scale, const char* weight);
@@ -125,7 +134,8 @@ protected:
 };
 
 /// A rectangle with a frame and a background; also how a host hands a panel its area. Bits 0, 1 and 5 of its state
-/// change neither drawing nor hits. Bit 4 draws the frame sunken, bit 6 fills the background.
+/// change neither drawing nor hits. Bit 4 draws the frame sunken, bit 6 fills the background. A caption is drawn along
+/// the upper edge.
 class GADGETS_API Boxs : public Tools {
 public:
     void Init(HWND owner);
@@ -240,6 +250,71 @@ private:
     int Shown_Start() const;
     float Pointer_Position() const;
     float Value_At(float thumb_start) const;
+};
+
+/// Texts by number.
+class GADGETS_API Captions {
+public:
+    Captions() = default;
+    Captions(const Captions&);
+    Captions(Captions&&) noexcept;
+    Captions& operator=(const Captions&);
+    Captions& operator=(Captions&&) noexcept;
+    ~Captions();
+
+    /// Makes it `count` texts: those that were there stay, new ones are empty. @return false when memory runs out;
+    /// nothing has changed then
+    bool resize(int count);
+    void set(int index, const char* text); ///< does nothing when there is no such text
+    const char* get(int index) const;      ///< never null
+    int count() const { return count_; }
+
+private:
+    Caption* texts_ = nullptr;
+    int count_ = 0;
+};
+
+/// A one-line select list: its caption, the current item behind it, and an arrow. A press opens the list of all items.
+/// Without items it takes no event.
+class GADGETS_API Selects : public Tools {
+public:
+    unsigned short value = 0; ///< the index of the current item
+    short arrow = 0;          ///< width of the arrow at the right end, pixels
+
+    void Init(HWND owner);
+    void Draw();
+
+    /// Draws the list again when it does not show its present item and state.
+    void Adjust();
+
+    /// Makes it a list of `count` items. Those that were there stay, new ones have no text. When memory runs out the
+    /// list stays as it was. @param kind 0
+    void Grow(int count, int kind);
+    void Set_Item(int index, const char* caption);
+    const char* Item(int index) const { return items_.get(index); } ///< never null; empty when there is no such item
+    int Count() const { return items_.count(); }
+
+    /// A mouse event. @return non-zero when the list is active, the pointer inside, and `up_down` is a press (bit 1),
+    /// which Read then answers, or the question 4. Other words only move the highlight.
+    int Select(int up_down);
+
+    /// After a Select that took a press: opens the list and waits until the user has chosen. The current item stays as
+    /// it is. @return the chosen index, or -1 when the list was dismissed or nothing was pressed
+    int Read();
+
+    /// Moves to the item `amount` further on, or with 0 as the recorded key says, which is used up: Home, End, Page Up
+    /// and Page Down (ten items), Left and Delete (back), Right and Insert (on). Draws the list. @return 1 when the
+    /// current item changed
+    int Scroll(int amount);
+    void Deselect();
+
+private:
+    unsigned char highlight_ = 0; // the pointer is over
+    unsigned char pressed_ = 0;   // Read has to open the list
+    unsigned drawn_ = 0;          // Look() + 1 of what is on the screen
+    Captions items_;
+
+    unsigned Look() const;
 };
 
 /// A one-line text editor. At most one is active in a program.

@@ -2,8 +2,8 @@
 
 #include "frame/registry.h"
 #include "frame/report.h"
+#include "frame/widget_layout.h"
 #include "frame/widget_state.h"
-#include "tools/widget_layout.h"
 
 #include <algorithm>
 #include <utility>
@@ -69,15 +69,15 @@ int Button_Grid::Height(unsigned short rows)
 
 void Button_Grid::Resize(const Boxs& area, unsigned count)
 {
-    take_area(box_, area, state::panel_box);
+    frame::take_area(box_, area, state::panel_box);
     const Measures measures(box_, Items(count));
-    take_look(slider_, area);
-    take_place(slider_, box_.x + measures.margin, box_.y + measures.margin, measures.slider_width,
+    frame::take_look(slider_, area);
+    frame::take_place(slider_, box_.x + measures.margin, box_.y + measures.margin, measures.slider_width,
         box_.height - 2 * measures.margin);
     Place_Slider(measures);
     slider_.Init(area.window);
 
-    take_look(list_, area);
+    frame::take_look(list_, area);
     list_.state = state::panel_box | (area.state & state::shows_marks);
     list_.y = slider_.y;
     list_.height = slider_.height;
@@ -85,11 +85,11 @@ void Button_Grid::Resize(const Boxs& area, unsigned count)
     list_.Init(area.window);
 
     for (Buttons& button : buttons_) {
-        take_look(button, area);
+        frame::take_look(button, area);
         button.state = Shows_Marks() ? state::row_button_marked : state::row_button;
     }
     editor_.state = state::closed_editor;
-    take_look(editor_, area);
+    frame::take_look(editor_, area);
     Place_Editor(measures);
     editor_.Init(area.window);
     Place_Buttons(measures);
@@ -112,8 +112,8 @@ void Button_Grid::Place_Slider(const Measures& measures)
 
 void Button_Grid::Place_List(const Measures& measures)
 {
-    list_.x = to_short(box_.x + measures.margin + measures.slider_share());
-    list_.width = to_short(box_.width - 2 * measures.margin - measures.slider_share());
+    list_.x = frame::to_short(box_.x + measures.margin + measures.slider_share());
+    list_.width = frame::to_short(box_.width - 2 * measures.margin - measures.slider_share());
     first_ = list_.y - 1;
     last_ = list_.y + 1 + list_.height - measures.pitch;
 }
@@ -132,9 +132,10 @@ bool Button_Grid::Place_Buttons(const Measures& measures)
     for (int item = 0; item < measures.items; ++item) {
         Buttons& button = buttons_[static_cast<unsigned>(item)];
         if (item < measures.first_placed())
-            moved |= take_place(button, list_.x, first_ - 1, 0, 0); // no place in the grid: never drawn, never hit
+            moved |=
+                frame::take_place(button, list_.x, first_ - 1, 0, 0); // no place in the grid: never drawn, never hit
         else
-            moved |= take_place(
+            moved |= frame::take_place(
                 button, list_.x + measures.column(item) * width, Row_Y(measures, item), width, measures.pitch);
     }
     return moved;
@@ -142,8 +143,8 @@ bool Button_Grid::Place_Buttons(const Measures& measures)
 
 void Button_Grid::Place_Editor(const Measures& measures)
 {
-    editor_.width = to_short(list_.width / columns);
-    editor_.height = to_short(measures.pitch);
+    editor_.width = frame::to_short(list_.width / columns);
+    editor_.height = frame::to_short(measures.pitch);
 }
 
 void Button_Grid::Follow_Slider(unsigned count)
@@ -152,7 +153,7 @@ void Button_Grid::Follow_Slider(unsigned count)
         return;
     const Measures measures(box_, Items(count));
     for (int item = measures.first_placed(); item < measures.items; ++item)
-        buttons_[static_cast<unsigned>(item)].y = to_short(Row_Y(measures, item));
+        buttons_[static_cast<unsigned>(item)].y = frame::to_short(Row_Y(measures, item));
     Init_Buttons(nullptr, count);
 }
 

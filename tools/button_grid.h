@@ -21,7 +21,7 @@ constexpr unsigned slider = 16;
 
 /// Where a label is kept, and how a failure to keep it is reported.
 struct Label_Store {
-    char** labels;        ///< per item, from the C allocator; null for an unnamed one
+    char** labels;        ///< per item, from the C allocator; null for an unnamed one; null when there are none to keep
     int line;             ///< what the report names
     const char* source;   ///< see line
     const char* variable; ///< see line
@@ -42,35 +42,30 @@ public:
 
     void Draw(unsigned count);
 
-    /// Opens the editor over the first visible item from `first_nameable` on that takes the event.
-    /// @return whether one did
-    bool Start_Edit(int up_down, unsigned first_nameable, unsigned count);
+    struct Clicked {
+        int item;      ///< the one that was chosen, or -1
+        bool scrolled; ///< the rows have moved: the panel draws itself
+    };
 
-    /// Ends an edit without keeping the text, and shows its button again.
-    void Cancel_Edit(unsigned count);
+    /// A press or release. A right press on an item but the first opens the editor over it; every other word ends an
+    /// edit and goes to the slider and the items.
+    /// @param editor_window  what the editor is initialised on; null keeps the window that it has
+    Clicked Click(int up_down, unsigned count, HWND editor_window);
 
-    /// Lets the slider have a mouse event. @return whether it took it; the rows have moved then, and the panel draws
-    bool Slide(int up_down, unsigned count);
+    /// Moves the highlights and a slider that is held. @return whether the rows have moved: the panel draws itself
+    bool Motion(int up_down, unsigned count);
 
-    /// The first visible item that takes the event, or -1.
-    int Choose(int up_down, unsigned count);
-
-    /// Moves the highlight of the visible items and the editor.
-    void Highlight(int up_down, unsigned count);
+    /// A key for the open editor. A finished name is stored and shown, and bit 47 is sent. @return 1 when it was used
+    int Keyboard(int key, unsigned count, const Label_Store& store);
 
     /// Scrolls by wheel steps, ending an edit; the panel draws itself afterwards.
     void Scroll(int amount, unsigned count);
     void Leave(unsigned count);
 
-    enum class Key_Result { unused, used, finished, failed };
-
-    /// Gives a key to the open editor; when that finishes the name, stores it and shows it.
-    Key_Result Keyboard(int key, unsigned count, const Label_Store& store);
-
     /// Shows the labels, or the number of an item without one. @return what must be redone
     unsigned Set_Captions(unsigned count, char* const* labels);
     unsigned Set_Current(unsigned count, unsigned current);
-    unsigned Set_Pressed(unsigned item, bool pressed);
+    unsigned Set_Pressed(unsigned item, unsigned short pressed);
     unsigned Set_Greyed(unsigned item, bool greyed);
     unsigned Set_Color(unsigned item, Colors color);
 
@@ -84,8 +79,9 @@ public:
     unsigned Items(unsigned count) const;
     Buttons& Button(unsigned item) { return buttons_[item]; }
 
+    HWND Window() const { return box_.window; } ///< of the last layout
     bool Laid_Out() const { return box_.window != nullptr; }
-    bool Shows_Marks() const;
+    bool Shows_Marks() const; ///< whether the area asks for the pressed marks
 
 private:
     struct Measures;
@@ -100,7 +96,11 @@ private:
     void Apply_To(Buttons& button, unsigned redo);
     bool Visible(unsigned item) const;
     int First_Taking(int up_down, unsigned first, unsigned count);
+    bool Slide(int up_down, unsigned count);
+
     bool Editing() const;
+    bool Start_Edit(int up_down, unsigned count, HWND editor_window);
+    void Cancel_Edit(unsigned count);
     bool Uncover_Edited(unsigned count);
     bool Keep_Label(const char* text, const Label_Store& store);
 

@@ -1,6 +1,8 @@
+#include "frame/change_flags.h"
 #include "frame/events.h"
 #include "frame/report.h"
 #include "frame/widget_state.h"
+#include "host/structures.h"
 #include "tools/button_grid.h"
 
 #include <algorithm>
@@ -43,20 +45,29 @@ int Button_Grid::First_Taking(int up_down, unsigned first, unsigned count)
     return -1;
 }
 
-int Button_Grid::Choose(int up_down, unsigned count)
+Button_Grid::Clicked Button_Grid::Click(int up_down, unsigned count, HWND editor_window)
 {
-    return First_Taking(up_down, 0, count);
+    if (up_down == frame::up_down::release)
+        return {-1, false};
+    if (up_down == frame::up_down::right_press && Start_Edit(up_down, count, editor_window))
+        return {-1, false};
+    Cancel_Edit(count);
+    if (Slide(up_down, count))
+        return {-1, true};
+    return {First_Taking(up_down, 0, count), false};
 }
 
-void Button_Grid::Highlight(int up_down, unsigned count)
+bool Button_Grid::Motion(int up_down, unsigned count)
 {
     for (unsigned item = 0; Laid_Out() && item < Items(count); ++item) {
         if (Visible(item))
             buttons_[item].Select(up_down);
     }
     editor_.Select(up_down, 0, 0);
+    return Slide(up_down, count);
 }
 
+// Lets the slider have a mouse event. Says whether it took it.
 bool Button_Grid::Slide(int up_down, unsigned count)
 {
     if (!Laid_Out() || !slider_.Select(up_down))
@@ -91,8 +102,10 @@ bool Button_Grid::Editing() const
     return editor_.state == state::editor;
 }
 
-bool Button_Grid::Start_Edit(int up_down, unsigned first_nameable, unsigned count)
+// Opens the editor over the visible item that takes the event. The first one cannot be named.
+bool Button_Grid::Start_Edit(int up_down, unsigned count, HWND editor_window)
 {
+    constexpr unsigned first_nameable = 1;
     const int item = First_Taking(up_down, first_nameable, count);
     if (item < 0)
         return false;
@@ -102,7 +115,7 @@ bool Button_Grid::Start_Edit(int up_down, unsigned first_nameable, unsigned coun
     editor_.x = button.x;
     editor_.y = button.y;
     editor_.state = state::editor;
-    editor_.Init(nullptr);
+    editor_.Init(editor_window);
     editor_.Read(button.name.get());
     editor_.Draw();
     button.state |= state::being_edited;
@@ -122,27 +135,30 @@ bool Button_Grid::Uncover_Edited(unsigned count)
     return true;
 }
 
+// Ends an edit without keeping the text, and shows its button again.
 void Button_Grid::Cancel_Edit(unsigned count)
 {
     if (Uncover_Edited(count))
         buttons_[edited_].Draw();
 }
 
-Button_Grid::Key_Result Button_Grid::Keyboard(int key, unsigned count, const Label_Store& store)
+int Button_Grid::Keyboard(int key, unsigned count, const Label_Store& store)
 {
-    if (!editor_.Select(frame::is_active_question, 0, 0))
-        return Key_Result::unused;
-    editor_.Input(key & 0xffff);
+    if (!store.labels || !editor_.Select(frame::is_active_question, 0, 0))
+        return 0;
+    editor_.Input(frame::key_code(key));
     const char* text = editor_.Update();
     if (!text)
-        return Key_Result::used;
+        return 1;
     editor_.state = state::closed_editor;
     if (edited_ >= Items(count))
-        return Key_Result::used;
+        return 1;
     const bool kept = *text == 0 || Keep_Label(text, store);
     buttons_[edited_].state &= ~state::being_edited;
     buttons_[edited_].Draw();
-    return kept ? Key_Result::finished : Key_Result::failed;
+    if (kept)
+        Fct_Update(frame::change::labels, nullptr, nullptr, nullptr);
+    return kept;
 }
 
 bool Button_Grid::Keep_Label(const char* text, const Label_Store& store)

@@ -38,9 +38,9 @@ unsigned Button_Grid::Set_Current(unsigned count, unsigned current)
     return needed;
 }
 
-unsigned Button_Grid::Set_Pressed(unsigned item, bool pressed)
+unsigned Button_Grid::Set_Pressed(unsigned item, unsigned short pressed)
 {
-    if ((buttons_[item].pressed != 0) == pressed)
+    if (buttons_[item].pressed == pressed)
         return 0;
     buttons_[item].pressed = pressed;
     return redo::draw;

@@ -4,9 +4,9 @@
 #include "frame/registry.h"
 #include "frame/report.h"
 #include "frame/tag_colors.h"
+#include "frame/widget_layout.h"
 #include "frame/widget_state.h"
 #include "tools/brush_shape.h"
-#include "tools/widget_layout.h"
 
 #include <algorithm>
 
@@ -66,14 +66,14 @@ void Tool_Brush::Init()
 int Tool_Brush::Resize(Boxs* area)
 {
     Error_Fct(hwnd, level::handler_trace, "in Tool_Brush::Resize(dim=%dx%d)", area->width, area->height);
-    tools::take_area(box_, *area, frame::state::panel_box);
+    frame::take_area(box_, *area, frame::state::panel_box);
     const unsigned count = Count();
     const int space = frame::dimension("$INTERFACE_SPACE_DIM");
     for (unsigned brush = 0; brush < count; ++brush) {
         Buttons& button = buttons_[brush];
         const int width = (box_.width - 2 * space) / static_cast<int>(count);
-        tools::take_look(button, box_);
-        tools::take_place(
+        frame::take_look(button, box_);
+        frame::take_place(
             button, box_.x + space + static_cast<int>(brush) * width, box_.y + space, width, box_.height - 2 * space);
         button.border = box_.border;
         button.Init(box_.window);

@@ -1,13 +1,12 @@
 #include "tools/tool_tag.h"
 
-#include "frame/events.h"
 #include "frame/registry.h"
 #include "frame/report.h"
 #include "frame/tag_colors.h"
+#include "tools/update_blocks.h"
 
 namespace level = frame::level;
 namespace change = frame::change;
-using frame::has_any;
 
 namespace {
 
@@ -62,18 +61,9 @@ void Tool_Tag::Draw()
 int Tool_Tag::Click(int up_down)
 {
     Error_Fct(hwnd, level::handler_trace, "in Tool_Tag::Click(up_down=0x%08x)", static_cast<unsigned>(up_down));
-    if (up_down == frame::up_down::release)
-        return -1;
-    const unsigned count = tag_count();
-    constexpr unsigned first_nameable = 1; // tag 0 stands for "nothing"
-    if (up_down == frame::up_down::right_press && grid_.Start_Edit(up_down, first_nameable, count))
-        return -1;
-    grid_.Cancel_Edit(count);
-    if (grid_.Slide(up_down, count)) {
+    const auto [tag, scrolled] = grid_.Click(up_down, tag_count(), nullptr);
+    if (scrolled)
         Draw();
-        return -1;
-    }
-    const int tag = grid_.Choose(up_down, count);
     if (tag >= 0)
         current_ = static_cast<unsigned char>(tag);
     return tag;
@@ -81,26 +71,17 @@ int Tool_Tag::Click(int up_down)
 
 int Tool_Tag::Motion(int up_down)
 {
-    const unsigned count = tag_count();
-    grid_.Highlight(up_down, count);
-    if (!grid_.Slide(up_down, count))
-        return 0;
-    Draw();
-    return 1;
+    const bool scrolled = grid_.Motion(up_down, tag_count());
+    if (scrolled)
+        Draw();
+    return scrolled;
 }
 
 int Tool_Tag::Keyboard(int key)
 {
     Error_Fct(hwnd, level::handler_trace, "in Tool_Tag::Keyboard(key=0x%08x)", static_cast<unsigned>(key));
     static frame::Kept_Address<char**> labels("$TAG_LABEL");
-    if (!labels.value())
-        return 0;
-    using Result = tools::Button_Grid::Key_Result;
-    const Result result =
-        grid_.Keyboard(key, tag_count(), {labels.value(), strdup_line, source, "(*TAG_Label_Pt)[Tag_Label_Cur]"});
-    if (result == Result::finished)
-        Fct_Update(change::labels, nullptr, nullptr, nullptr);
-    return result == Result::used || result == Result::finished;
+    return grid_.Keyboard(key, tag_count(), {labels.value(), strdup_line, source, "(*TAG_Label_Pt)[Tag_Label_Cur]"});
 }
 
 int Tool_Tag::Scroll(int amount)
@@ -129,15 +110,10 @@ void Tool_Tag::Update(unsigned long long flags)
         grid_.Apply(redo, tag_count());
 }
 
-// Runs the blocks that the flags name, in their order; the last one that greys a tag decides. Each says whether the
-// host had what it needs.
+// The last block that greys a tag decides.
 bool Tool_Tag::Update_Buttons(frame::Change_Flags flags, unsigned& redo)
 {
-    struct Block {
-        frame::Change_Flags bit;
-        bool (Tool_Tag::*run)(unsigned&);
-    };
-    constexpr Block blocks[] = {
+    constexpr tools::Update_Block<Tool_Tag> blocks[] = {
         {change::tag_enables, &Tool_Tag::Update_Enables},
         {change::tag_selections, &Tool_Tag::Update_Selections},
         {change::tag_locks, &Tool_Tag::Update_Locks},
@@ -145,11 +121,7 @@ bool Tool_Tag::Update_Buttons(frame::Change_Flags flags, unsigned& redo)
         {change::labels, &Tool_Tag::Update_Labels},
         {change::tag_colors, &Tool_Tag::Update_Colors},
     };
-    for (const Block& block : blocks) {
-        if (has_any(flags, block.bit) && !(this->*block.run)(redo))
-            return false;
-    }
-    return true;
+    return tools::run_blocks(*this, blocks, flags, redo);
 }
 
 bool Tool_Tag::Update_Enables(unsigned& redo)

@@ -2,8 +2,10 @@
 
 #include "host/basics.h"
 #include "hostkit/embedding/mouse_words.h"
+#include "hostkit/gadgets/input.h"
 #include "hostkit/gadgets/text_editing.h"
 #include "hostkit/structures/registry.h"
+#include "hostkit/structures/windows.h"
 
 #include <exception>
 #include <utility>
@@ -28,14 +30,6 @@ HFONT make_tool_font()
 {
     return Y_Create_Font(String_Variable("$INTERFACE_TOOL_FONT_NAME"), Variable<short>("$INTERFACE_TOOL_FONT_SCALE"),
         String_Variable("$INTERFACE_TOOL_FONT_WEIGHT"));
-}
-
-// Y_Cursor takes the client point (0, 0) for "the screen's cursor".
-void record_pointer(HWND window, POINT client)
-{
-    ClientToScreen(window, &client);
-    YCursor_X = client.x;
-    YCursor_Y = client.y;
 }
 
 }
@@ -171,6 +165,7 @@ void Panel_Window::Draw_Editor()
 
 void Panel_Window::Updated(unsigned long long flags)
 {
+    Leave_If_Owed();
     panel_.Update(flags);
     if (flags & rules_.redraw_bits)
         panel_.Draw();
@@ -184,7 +179,9 @@ bool Panel_Window::Mouse(UINT message, WPARAM wparam, LPARAM lparam)
     const Mouse_Event event = Mouse_Event_Of(message);
     if (event == Mouse_Event::none)
         return false;
-    record_pointer(window_, {static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam))});
+    Record_Pointer(window_, {static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam))});
+    if (Focus_Is_Locked())
+        return true;
     const int up_down = Up_Down_Word(event, wparam);
     switch (event) {
     case Mouse_Event::press:
@@ -226,7 +223,7 @@ void Panel_Window::Move(int up_down)
 {
     if (!captured_ && Pointer_Outside())
         return;
-    if (!pointer_in_) {
+    if (!pointer_in_ || std::exchange(owes_leave_, false)) {
         TRACKMOUSEEVENT track{sizeof(TRACKMOUSEEVENT), TME_LEAVE, window_, 0};
         TrackMouseEvent(&track);
         pointer_in_ = true;
@@ -239,9 +236,18 @@ void Panel_Window::Leave()
 {
     if (captured_ || !pointer_in_)
         return;
+    owes_leave_ = Focus_Is_Locked();
+    if (owes_leave_)
+        return;
     pointer_in_ = false;
     const Panel_Call call;
     panel_.Leave();
+}
+
+void Panel_Window::Leave_If_Owed()
+{
+    if (std::exchange(owes_leave_, false))
+        Leave();
 }
 
 bool Panel_Window::Pointer_Outside() const
@@ -274,6 +280,8 @@ bool Panel_Window::Wheel(WPARAM wparam, LPARAM lparam)
 {
     if (getkey(VK_MENU))
         return false;
+    if (Focus_Is_Locked())
+        return true;
     YCursor_X = static_cast<short>(LOWORD(lparam));
     YCursor_Y = static_cast<short>(HIWORD(lparam));
     wheel_rest_ += static_cast<short>(HIWORD(wparam));
@@ -297,8 +305,13 @@ bool Panel_Window::Key(UINT message, WPARAM wparam)
 
 bool Panel_Window::Keyboard(int key)
 {
+    if (Focus_Is_Locked())
+        return true;
     const Panel_Call call;
-    return panel_.Keyboard(key) != 0;
+    YKey = key;
+    const bool used = panel_.Keyboard(key) != 0;
+    YKey = 0;
+    return used;
 }
 
 }

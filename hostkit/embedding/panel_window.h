@@ -33,7 +33,8 @@ constexpr unsigned long long refresh_after_layout = 0x1000F04000E00000ull;
 /// mouse, wheel, keyboard and changes.
 ///
 /// From the press to the release of all mouse buttons every event goes to the panel where the press happened; it hears
-/// `Leave` only afterwards. With Alt held the wheel is left to the parent window.
+/// `Leave` only afterwards. With Alt held the wheel is left to the parent window. While `"$INTERFACE_LOCK_FOCUS"` is
+/// not 0 no panel hears of mouse, wheel, keys or `Leave`: they end here.
 class STRUCTURES_API Panel_Window {
 public:
     /// @param parent  the window that the panel's own becomes a child of; empty and hidden until it is moved and shown
@@ -73,6 +74,7 @@ private:
     void Release(int up_down);
     void Move(int up_down);
     void Leave();
+    void Leave_If_Owed();
     void End_Capture();
     void End_Capture_If_Released();
     void Updated(unsigned long long flags);
@@ -88,6 +90,7 @@ private:
     int wheel_rest_ = 0;      // what is left of the wheel's turn below one notch
     bool captured_ = false;   // between a press and the release of all buttons
     bool pointer_in_ = false; // the panel will have to hear Leave
+    bool owes_leave_ = false; // it was due while the focus was locked
     Subscription updates_;
 };
 

@@ -1,4 +1,6 @@
-#include "host/gadgets.h"
+#include "hostkit/gadgets/input.h"
+
+int YKey = 0;
 
 int getkey(int key)
 {
@@ -8,4 +10,11 @@ int getkey(int key)
 int getbutton(int button)
 {
     return GetKeyState(button) < 0;
+}
+
+void hostkit::Record_Pointer(HWND window, POINT client)
+{
+    ClientToScreen(window, &client);
+    YCursor_X = client.x;
+    YCursor_Y = client.y;
 }

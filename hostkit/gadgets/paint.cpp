@@ -209,6 +209,14 @@ int Paint::text_width(std::string_view text, HFONT font) const
     return width;
 }
 
+int Paint::line_height(HFONT font) const
+{
+    TEXTMETRICA metrics{};
+    if (ready_)
+        with_font(font, [&] { GetTextMetricsA(Y_DC, &metrics); });
+    return metrics.tmHeight;
+}
+
 void Paint::picture(const Area& area, const unsigned* pixels) const
 {
     if (!ready_ || area.empty() || !pixels)

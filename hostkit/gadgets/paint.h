@@ -54,6 +54,7 @@ public:
     /// A text of which `hidden` pixels lie to the left of the area; nothing is drawn outside.
     void scrolled_text(const Area& area, std::string_view text, int hidden, HFONT font, Colors color) const;
     int text_width(std::string_view text, HFONT font) const;
+    int line_height(HFONT font) const; ///< of a text
 
     /// 32-bit pixels, width x height of the area, the top row first.
     void picture(const Area& area, const unsigned* pixels) const;

@@ -19,6 +19,7 @@ constexpr unsigned frame_magic = 0xAABA; ///< of a 2D frame that can be shown
 constexpr unsigned frame_class = 0x2FFF; ///< a selectable leaf of the 2D tree
 
 constexpr unsigned long long series_tree_changed = 0x402;
+constexpr unsigned long long current_window_changed = 0x100000;
 
 /// The root of the 2D objects, `"$DB_2D_ROOT_PT"`; made when it is first asked for.
 STRUCTURES_API Strato_2D* Root_2D();
@@ -38,6 +39,10 @@ STRUCTURES_API int Child_Index(const Strato* object);
 /// An image window, numbered in the order of making; counted in `"$WINDOW_NB"`. The first becomes `"$WINDOW_CUR"`.
 /// @throws std::length_error when there are 16 already
 STRUCTURES_API Strato_Window* Window_Add(const std::string& name);
+
+/// Makes a window `"$WINDOW_CUR"` and tells the panels (bit 20). While `"$INTERFACE_LOCK_FOCUS"` is not 0 the current
+/// window stays. @return whether `window` is current now
+STRUCTURES_API bool Window_Make_Current(Strato_Window* window);
 
 /// The frame that a window shows, or null.
 STRUCTURES_API Strato_2D* Window_Frame(const Strato_Window* window);

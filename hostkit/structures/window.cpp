@@ -55,6 +55,21 @@ Strato_Window* Window_Add(const std::string& name)
     return windows.back();
 }
 
+bool Focus_Is_Locked()
+{
+    return Variable<unsigned char>("$INTERFACE_LOCK_FOCUS") != 0;
+}
+
+bool Window_Make_Current(Strato_Window* window)
+{
+    auto*& current = Object_Variable<Strato_Window>("$WINDOW_CUR");
+    if (current == window || Focus_Is_Locked())
+        return current == window;
+    current = window;
+    Fct_Update(current_window_changed, nullptr, nullptr, nullptr);
+    return true;
+}
+
 Strato_2D* Window_Frame(const Strato_Window* window)
 {
     return window ? shown_frames[window->Class_B_Get()] : nullptr;

@@ -9,4 +9,7 @@ void Windows_Forget(const Strato_2D* object);
 
 void Windows_Reset();
 
+/// Whether `"$INTERFACE_LOCK_FOCUS"` is set: somebody works on what is shown, and the user must not go elsewhere.
+bool Focus_Is_Locked();
+
 }

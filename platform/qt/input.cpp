@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cstring>
 #include <iterator>
 
@@ -299,6 +300,11 @@ HICON LoadIconA(HINSTANCE, LPCSTR)
 HCURSOR SetCursor(HCURSOR cursor)
 {
     static HCURSOR shown = nullptr;
+    const HCURSOR wait = LoadCursorA(nullptr, IDC_WAIT);
+    if (cursor == wait && shown != wait)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor); // whatever window the pointer is over
+    else if (cursor != wait && shown == wait)
+        QGuiApplication::restoreOverrideCursor();
     if (auto* window = dynamic_cast<Window*>(QApplication::widgetAt(QCursor::pos())))
         window->setCursor(cursor_shape(reinterpret_cast<std::uintptr_t>(cursor)));
     return std::exchange(shown, cursor);
@@ -310,4 +316,37 @@ int GetSystemMetrics(int index)
     if (!screen)
         return 0;
     return index == SM_CXSCREEN ? screen->size().width() : index == SM_CYSCREEN ? screen->size().height() : 0;
+}
+
+// A monitor is known by its number, counted from 1.
+HMONITOR MonitorFromPoint(POINT point, DWORD)
+{
+    ensure_application();
+    const auto screens = QGuiApplication::screens();
+    const auto distance = [&](const QScreen* screen) {
+        const QRect all = screen->geometry();
+        const int dx = std::max({all.left() - point.x, 0, point.x - all.right()});
+        const int dy = std::max({all.top() - point.y, 0, point.y - all.bottom()});
+        return dx + dy;
+    };
+    const auto nearest = std::min_element(screens.begin(), screens.end(),
+        [&](const QScreen* one, const QScreen* other) { return distance(one) < distance(other); });
+    return reinterpret_cast<HMONITOR>(nearest - screens.begin() + 1);
+}
+
+BOOL GetMonitorInfoA(HMONITOR monitor, MONITORINFO* information)
+{
+    const auto screens = QGuiApplication::screens();
+    const auto number = reinterpret_cast<std::uintptr_t>(monitor);
+    if (!information || information->cbSize != sizeof *information || number < 1 ||
+        number > static_cast<std::uintptr_t>(screens.size()))
+        return FALSE;
+    const auto rectangle = [](const QRect& area) {
+        return RECT{area.left(), area.top(), area.left() + area.width(), area.top() + area.height()};
+    };
+    const QScreen* screen = screens[static_cast<qsizetype>(number - 1)];
+    information->rcMonitor = rectangle(screen->geometry());
+    information->rcWork = rectangle(screen->availableGeometry());
+    information->dwFlags = screen == QGuiApplication::primaryScreen();
+    return TRUE;
 }

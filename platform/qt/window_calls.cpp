@@ -37,6 +37,12 @@ bool no_display()
            qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
+// A menu-like window of its owner's.
+void make_popup(Window& window)
+{
+    window.setWindowFlags(Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+}
+
 void place_new(Window& window, bool child, int x, int y, int width, int height)
 {
     constexpr QSize usual(640, 480);
@@ -104,8 +110,12 @@ HWND CreateWindowExA(DWORD extended_style, LPCSTR class_name, LPCSTR title, DWOR
         return nullptr;
     ensure_application();
     const bool child = (style & WS_CHILD) != 0;
-    auto* window = new Window(child ? owner : nullptr, found->first, found->second.procedure, found->second.background);
+    const bool popup = !child && (style & WS_POPUP) != 0;
+    auto* window =
+        new Window(child || popup ? owner : nullptr, found->first, found->second.procedure, found->second.background);
     window->instance = instance;
+    if (popup)
+        make_popup(*window);
     window->setWindowTitle(QString::fromUtf8(title));
     place_new(*window, child, x, y, width, height);
 

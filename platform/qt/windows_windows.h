@@ -74,14 +74,24 @@ struct TRACKMOUSEEVENT {
     DWORD dwHoverTime;
 };
 
+struct MONITORINFO {
+    DWORD cbSize;
+    RECT rcMonitor; ///< the screen
+    RECT rcWork;    ///< what windows may cover of it
+    DWORD dwFlags;
+};
+
 constexpr UINT CS_HREDRAW = 0x0002;
 constexpr UINT CS_VREDRAW = 0x0001;
 
 constexpr DWORD WS_OVERLAPPED = 0x00000000;
+constexpr DWORD WS_POPUP = 0x80000000;
 constexpr DWORD WS_CHILD = 0x40000000;
 constexpr DWORD WS_VISIBLE = 0x10000000;
 constexpr DWORD WS_OVERLAPPEDWINDOW = 0x00CF0000;
 constexpr DWORD WS_EX_ACCEPTFILES = 0x00000010;
+constexpr DWORD WS_EX_TOPMOST = 0x00000008;
+constexpr DWORD WS_EX_TOOLWINDOW = 0x00000080;
 constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000);
 
 constexpr UINT WM_NULL = 0x0000;
@@ -153,6 +163,7 @@ constexpr UINT SWP_SHOWWINDOW = 0x0040;
 constexpr int GWLP_USERDATA = -21;
 constexpr int GWLP_HINSTANCE = -6;
 constexpr DWORD TME_LEAVE = 0x00000002;
+constexpr DWORD MONITOR_DEFAULTTONEAREST = 2;
 constexpr int SM_CXSCREEN = 0;
 constexpr int SM_CYSCREEN = 1;
 
@@ -175,7 +186,8 @@ WINAPI_CALL ATOM RegisterClassExA(const WNDCLASSEXA* description);
 WINAPI_CALL BOOL UnregisterClassA(LPCSTR name, HINSTANCE instance);
 
 /// The first window makes the QApplication if there is none; without a display that is an offscreen one. The size of a
-/// top-level window is its client area's: the frame is the desktop's.
+/// top-level window is its client area's: the frame is the desktop's. A WS_POPUP window has no frame; while it is shown
+/// it gets the mouse and the keys of the whole program, whether it asks for the capture or not.
 WINAPI_CALL HWND CreateWindowExA(DWORD extended_style, LPCSTR class_name, LPCSTR title, DWORD style, int x, int y,
     int width, int height, HWND parent, HMENU menu, HINSTANCE instance, LPVOID parameter);
 WINAPI_CALL BOOL DestroyWindow(HWND window);
@@ -232,6 +244,8 @@ WINAPI_CALL HCURSOR LoadCursorA(HINSTANCE instance, LPCSTR name);
 WINAPI_CALL HICON LoadIconA(HINSTANCE instance, LPCSTR name);
 WINAPI_CALL HCURSOR SetCursor(HCURSOR cursor);
 WINAPI_CALL int GetSystemMetrics(int index);
+WINAPI_CALL HMONITOR MonitorFromPoint(POINT point, DWORD otherwise);
+WINAPI_CALL BOOL GetMonitorInfoA(HMONITOR monitor, MONITORINFO* information);
 
 /// The interface thread's table of keys and buttons; bit 15 of the result and bit 7 of a byte: down.
 WINAPI_CALL SHORT GetKeyState(int key);

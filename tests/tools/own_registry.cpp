@@ -95,3 +95,32 @@ void Fct_Update(unsigned long long flags, void*, void*, Region_2D*)
 }
 
 void Fct_Redraw(unsigned long long, void*, void*, Region_2D*) {}
+
+// A host without objects.
+
+void Fct_Change_Child(Strato_Window*, Strato_2D*, Strato_2D*) {}
+
+unsigned Strato::Class_B_Get() const
+{
+    return 0;
+}
+
+int Strato_2D::Child_Get_Nb() const
+{
+    return 0;
+}
+
+Strato_2D* Strato_2D::Child_Get_Pt(int) const
+{
+    return nullptr;
+}
+
+Strato_2D* Strato_2D::Parent_Get_Pt() const
+{
+    return nullptr;
+}
+
+int Strato_2D::Child_Get_Cur(Strato_Window*) const
+{
+    return -1;
+}

@@ -2,7 +2,7 @@
 
 #include "host/gadgets.h"
 
-namespace tools {
+namespace frame {
 
 constexpr short to_short(int pixels)
 {
