@@ -317,6 +317,11 @@ private:
     unsigned Look() const;
 };
 
+class GADGETS_API Valuators : public Sliders {
+public:
+    void Adjust() { Draw(); }
+};
+
 /// A one-line text editor. At most one is active in a program.
 class GADGETS_API Texts : public Tools {
 public:
