@@ -1,3 +1,4 @@
+#include "workbench/document/guarded.h"
 #include "workbench/document/itk_files.h"
 #include "workbench/document/label_map.h"
 #include "workbench/document/readers.h"
@@ -6,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
 
 namespace document {
 
@@ -88,19 +88,6 @@ std::optional<Failure> write_and_compare(const std::filesystem::path& path, cons
     if (!std::equal(tags.begin(), tags.end(), labels.tags().begin(), labels.tags().end()))
         return Failure{"what was written reads back differently"};
     return {};
-}
-
-/// Runs an action that returns a failure or a result; no exception leaves it.
-template <class Outcome, class Action>
-Outcome guarded(const std::filesystem::path& path, Action&& action)
-{
-    try {
-        return action();
-    } catch (const std::bad_alloc&) {
-        return Failure{"There is not enough memory for " + quoted(path) + ". Close other programs first."};
-    } catch (const std::exception& error) {
-        return Failure{quoted(path) + ": " + error.what() + "."};
-    }
 }
 
 }

@@ -7,8 +7,9 @@
 namespace workbench {
 
 LabelCommand::LabelCommand(Session& session, const QString& text, std::vector<document::MaskDifference> steps,
-    std::uint64_t before, std::uint64_t after, bool redone)
-    : QUndoCommand(text), session_(session), steps_(std::move(steps)), before_(before), after_(after), redone_(redone)
+    std::uint64_t before, std::uint64_t after, bool redone, QUndoCommand* parent)
+    : QUndoCommand(text, parent), session_(session), steps_(std::move(steps)), before_(before), after_(after),
+      redone_(redone)
 {
 }
 
@@ -29,25 +30,20 @@ void LabelCommand::redo()
     session_.setRevision(after_);
 }
 
-RenameCommand::RenameCommand(Session& session, const QString& text, Renaming renaming)
-    : QUndoCommand(text), session_(session), renaming_(std::move(renaming))
+TagCommand::TagCommand(
+    Session& session, const QString& text, TagTable::State before, TagTable::State after, QUndoCommand* parent)
+    : QUndoCommand(text, parent), session_(session), before_(std::move(before)), after_(std::move(after))
 {
 }
 
-void RenameCommand::undo()
+void TagCommand::undo()
 {
-    name(renaming_.before);
+    session_.showTags(before_);
 }
 
-void RenameCommand::redo()
+void TagCommand::redo()
 {
-    if (!std::exchange(first_, false))
-        name(renaming_.after);
-}
-
-void RenameCommand::name(const std::string& text)
-{
-    session_.setTagName(renaming_.tag, text);
+    session_.showTags(after_);
 }
 
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "workbench/document/mask_difference.h"
-#include "workbench/model/tag_names.h"
+#include "workbench/model/tag_table.h"
 
 #include <cstdint>
 #include <QUndoCommand>
@@ -16,7 +16,7 @@ class LabelCommand : public QUndoCommand {
 public:
     /// @param redone whether the labels show the change already, so that the first redo only counts
     LabelCommand(Session& session, const QString& text, std::vector<document::MaskDifference> steps,
-        std::uint64_t before, std::uint64_t after, bool redone);
+        std::uint64_t before, std::uint64_t after, bool redone, QUndoCommand* parent = nullptr);
     void undo() override;
     void redo() override;
 
@@ -28,19 +28,17 @@ private:
     bool redone_;
 };
 
-/// A tag's new name, which the host has already when the command is made.
-class RenameCommand : public QUndoCommand {
+/// A change of the tags' names, colours and thresholds.
+class TagCommand : public QUndoCommand {
 public:
-    RenameCommand(Session& session, const QString& text, Renaming renaming);
+    TagCommand(Session& session, const QString& text, TagTable::State before, TagTable::State after,
+        QUndoCommand* parent = nullptr);
     void undo() override;
     void redo() override;
 
 private:
-    void name(const std::string& text);
-
     Session& session_;
-    Renaming renaming_;
-    bool first_ = true;
+    TagTable::State before_, after_;
 };
 
 }

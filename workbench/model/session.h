@@ -6,7 +6,7 @@
 #include "workbench/model/fresh_host.h"
 #include "workbench/model/image_tree.h"
 #include "workbench/model/stroke.h"
-#include "workbench/model/tag_names.h"
+#include "workbench/model/tag_table.h"
 #include "workbench/model/voxel.h"
 
 #include <memory>
@@ -53,9 +53,11 @@ public:
 
     // ----------------------------------------------------------------------------------------------------- labels
 
-    /// Makes `labels`, which were loaded from `path`, the labels of the image: one step that can be undone. Fails when
-    /// they do not have the size of the image or memory is short; nothing has changed then.
-    std::optional<document::Failure> adoptLabels(const document::LabelMap& labels, const QString& path);
+    /// Makes `labels`, which were loaded from `path`, the labels of the image, and `table`, when there is one with
+    /// them, the tags' names, colours and thresholds: one step that can be undone. Fails when the labels do not have
+    /// the size of the image or memory is short; nothing has changed then.
+    std::optional<document::Failure> adoptLabels(
+        const document::LabelMap& labels, const QString& path, const std::optional<document::LabelTable>& table = {});
 
     /// A copy of the labels for a thread that saves it while the user paints on. A stroke in progress is ended first.
     /// Only when there is an image.
@@ -73,7 +75,10 @@ public:
     QString labelPath() const { return labelPath_; }
 
     /// Whether the labels differ from that file, or from an empty map when there is none. Exact through undo and redo.
-    bool isModified() const { return revision_ != savedRevision_; }
+    bool areLabelsModified() const { return revision_ != savedRevision_; }
+
+    /// Whether anything would be lost with the session: labels, or names, colours and thresholds of tags.
+    bool isModified() const { return areLabelsModified() || table_.isModified(); }
 
     // ------------------------------------------------------------------------------------------------- the frames
 
@@ -112,8 +117,39 @@ public:
     QString tagTitle(unsigned tag) const; ///< never empty: the name, or "Tag 3"; "Background" for 0
     QColor tagColour(unsigned tag) const;
 
+    /// The grey values that belong to a tag; nothing when it has none.
+    std::optional<Thresholds> thresholds(unsigned tag) const;
+
+    /// Steps that can be undone. Ignored when there is no such tag, or it is the background, or nothing changes.
+    void setThresholds(unsigned tag, std::optional<Thresholds> thresholds); ///< finite, lower <= upper
+    void setTagColour(unsigned tag, const QColor& colour);
+
+    /// All that is known of a tag below 256, and the step that makes it so.
+    document::LabelEntry tagEntry(unsigned tag) const { return table_.entry(tag); }
+    void editTag(const document::LabelEntry& entry);
+
     bool isTagLocked(unsigned tag) const;
     void toggleLock(unsigned tag);
+
+    // --------------------------------------------------------------------------------- the tags as a label table
+
+    /// Names, colours and thresholds for saving. They stay when another image is opened.
+    struct TableSnapshot {
+        document::LabelTable rows;
+        TagTable::State state; ///< for markTableSaved
+    };
+    TableSnapshot tableSnapshot() const { return {table_.rows(), table_.state()}; }
+
+    /// Whether some tag has a name, a colour of its own or thresholds: something that a label map cannot hold.
+    bool needsTable() const { return table_.needsFile(); }
+    bool isTableModified() const { return table_.isModified(); }
+
+    /// Makes a table that was loaded from `path` the tags' own, as one step that can be undone. Tags that it does not
+    /// describe lose what they had.
+    void adoptTable(const document::LabelTable& table, const QString& path);
+
+    /// This state is in a file now.
+    void markTableSaved(const TagTable::State& state);
 
     // ------------------------------------------------------------------------------------------------- the brushes
 
@@ -134,7 +170,7 @@ public:
     void cancelStroke();               ///< takes it back
     bool isPainting() const { return stroke_ != nullptr; }
 
-    /// Strokes, loaded labels and renamed tags; each step has a text. An undo takes back a stroke in progress first.
+    /// Strokes, loaded labels and changes of tags; each step has a text. An undo takes back a stroke in progress first.
     QUndoStack& undoStack() { return undo_; }
 
 signals:
@@ -145,26 +181,29 @@ signals:
     void labelsChanged(int z, const QRect& box); ///< pixels of a frame, also while a stroke is painted
     void currentTagChanged(unsigned tag);
     void tagsChanged();                ///< colours, names or locks
+    void thresholdsChanged();          ///< of any tag
     void brushChanged();               ///< the current brush, or the set of brushes
     void titleChanged();               ///< imageName(), labelPath() or isModified()
     void message(const QString& text); ///< for the status bar
 
 private:
     friend class LabelCommand;
-    friend class RenameCommand;
+    friend class TagCommand;
     struct Image {
         document::Volume volume;
         document::LabelMap labels;
     };
     using Steps = std::vector<document::MaskDifference>;
-    enum class Applied { yes, no };
 
     void hostChanged(unsigned long long flags);
     void followFrame();
     void showSelectedFrame();
     void pushRenamings();
-    void setTagName(unsigned tag, const std::string& name);
-    void pushSteps(const QString& text, Steps steps, Applied applied);
+    void pushTags(const QString& text, const TagTable::State& after);
+    void showTags(const TagTable::State& state);
+    static QString titleOf(unsigned tag, const QString& name);
+    static QString stepText(const document::LabelEntry& before, const document::LabelEntry& after);
+    void pushSteps(const QString& text, Steps steps); // that the labels show already
     void applySteps(const Steps& steps);
     void showSteps(const Steps& steps);
     void setRevision(std::uint64_t revision);
@@ -176,7 +215,7 @@ private:
     FreshHost host_;
     ImageTree tree_;
     FrameSelection selection_{tree_};
-    TagNames names_;
+    TagTable table_;
     std::unique_ptr<Image> image_;
     std::unique_ptr<Stroke> stroke_;
     QString strokeText_;

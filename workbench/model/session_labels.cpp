@@ -19,7 +19,8 @@ document::Failure no_memory(const char* for_what)
 
 }
 
-std::optional<document::Failure> Session::adoptLabels(const document::LabelMap& labels, const QString& path)
+std::optional<document::Failure> Session::adoptLabels(
+    const document::LabelMap& labels, const QString& path, const std::optional<document::LabelTable>& table)
 {
     if (!image_)
         return document::Failure{"Labels belong to an image. Open the image first."};
@@ -27,13 +28,20 @@ std::optional<document::Failure> Session::adoptLabels(const document::LabelMap& 
         return document::Failure{"The labels are " + document::size_text(labels.geometry().size) +
                                  " voxels, the image is " + document::size_text(image_->labels.geometry().size) + "."};
     cancelStroke();
+    const QString text = tr("Load %1").arg(QFileInfo(path).fileName());
     try {
-        Steps steps = stepsTo(labels);
-        if (!steps.empty())
-            pushSteps(tr("Load %1").arg(QFileInfo(path).fileName()), std::move(steps), Applied::no);
+        auto step = std::make_unique<QUndoCommand>(text);
+        if (Steps steps = stepsTo(labels); !steps.empty())
+            new LabelCommand(*this, text, std::move(steps), revision_, ++lastRevision_, false, step.get());
+        if (const auto tags = table ? table_.of(*table) : table_.state(); *tags != *table_.state())
+            new TagCommand(*this, text, table_.state(), tags, step.get());
+        if (step->childCount() > 0)
+            undo_.push(step.release());
     } catch (const std::bad_alloc&) {
         return no_memory("keep the labels that were there");
     }
+    if (table)
+        markTableSaved(table_.state());
     markSaved(path, revision_);
     return {};
 }
@@ -71,9 +79,9 @@ void Session::markSaved(const QString& path, std::uint64_t revision)
     emit titleChanged();
 }
 
-void Session::pushSteps(const QString& text, Steps steps, Applied applied)
+void Session::pushSteps(const QString& text, Steps steps)
 {
-    undo_.push(new LabelCommand(*this, text, std::move(steps), revision_, ++lastRevision_, applied == Applied::yes));
+    undo_.push(new LabelCommand(*this, text, std::move(steps), revision_, ++lastRevision_, true));
 }
 
 void Session::applySteps(const Steps& steps)

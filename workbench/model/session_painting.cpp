@@ -60,7 +60,7 @@ void Session::endStroke()
         Steps steps;
         if (auto step = stroke_->difference()) {
             steps.push_back(std::move(*step));
-            pushSteps(strokeText_, std::move(steps), Applied::yes);
+            pushSteps(strokeText_, std::move(steps));
         }
         stroke_.reset();
     } catch (const std::bad_alloc&) {

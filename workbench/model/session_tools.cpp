@@ -1,6 +1,5 @@
 #include "hostkit/structures/registry.h"
 #include "hostkit/structures/segmentation.h"
-#include "workbench/model/commands.h"
 #include "workbench/model/host_words.h"
 #include "workbench/model/session.h"
 
@@ -18,13 +17,6 @@ unsigned short& number(const char* name)
 void tell(unsigned long long flags)
 {
     Fct_Update(flags, nullptr, nullptr, nullptr);
-}
-
-QString title(unsigned tag, const QString& name)
-{
-    if (!name.isEmpty())
-        return name;
-    return tag == 0 ? Session::tr("Background") : Session::tr("Tag %1").arg(tag);
 }
 
 }
@@ -54,7 +46,7 @@ QString Session::tagName(unsigned tag) const
 
 QString Session::tagTitle(unsigned tag) const
 {
-    return title(tag, tagName(tag));
+    return titleOf(tag, tagName(tag));
 }
 
 QColor Session::tagColour(unsigned tag) const
@@ -74,27 +66,6 @@ void Session::toggleLock(unsigned tag)
         return;
     hostkit::Tag_Lock(tag, !hostkit::Tag_Locked(tag));
     tell(word::tag_locks);
-}
-
-void Session::pushRenamings()
-{
-    for (const Renaming& renaming : names_.takeChanges()) {
-        const QString before = title(renaming.tag, QString::fromStdString(renaming.before));
-        const QString after = QString::fromStdString(renaming.after);
-        const QString text =
-            after.isEmpty() ? tr("Clear the name of %1").arg(before) : tr("Rename %1 to %2").arg(before, after);
-        undo_.push(new RenameCommand(*this, text, renaming));
-    }
-}
-
-void Session::setTagName(unsigned tag, const std::string& name)
-{
-    if (!hostkit::Tag_Label_Set(tag, name.c_str())) {
-        emit message(tr("There is not enough memory to rename the tag."));
-        return;
-    }
-    names_.takeChanges(); // made by a step of undo, so it is none of its own
-    tell(word::tag_names);
 }
 
 unsigned Session::brushCount() const

@@ -4,18 +4,7 @@
 
 namespace {
 
-constexpr unsigned long long names = 1ull << 47;
-
-class SessionTools : public test::SessionTest {
-protected:
-    // As the tag panel does when a name was typed.
-    static void rename_in_panel(unsigned tag, const char* name)
-    {
-        const hostkit::Panel_Call call;
-        hostkit::Tag_Label_Set(tag, name);
-        Fct_Update(names, nullptr, nullptr, nullptr);
-    }
-};
+using SessionTools = test::SessionTest;
 
 TEST_F(SessionTools, StartsReadyForPainting)
 {
@@ -48,66 +37,6 @@ TEST_F(SessionTools, LocksAndUnlocks)
     EXPECT_EQ(broadcasts(), std::vector<unsigned long long>{1ull << 44});
     session.toggleLock(2);
     EXPECT_FALSE(session.isTagLocked(2));
-}
-
-TEST_F(SessionTools, ARenamingCanBeUndone)
-{
-    QSignalSpy told(&session, &workbench::Session::tagsChanged);
-    rename_in_panel(3, "Leber");
-    rename_in_panel(3, "Milz");
-    EXPECT_EQ(session.undoStack().count(), 2);
-    EXPECT_EQ(session.undoStack().undoText(), "Rename Leber to Milz");
-    EXPECT_EQ(told.size(), 2);
-    broadcasts();
-
-    session.undoStack().undo();
-    EXPECT_STREQ(hostkit::Tag_Label(3), "Leber");
-    EXPECT_EQ(broadcasts(), std::vector<unsigned long long>{names});
-    session.undoStack().undo();
-    EXPECT_EQ(hostkit::Tag_Label(3), nullptr);
-    session.undoStack().redo();
-    session.undoStack().redo();
-    EXPECT_EQ(session.tagName(3), "Milz");
-    EXPECT_EQ(session.undoStack().count(), 2);
-}
-
-TEST_F(SessionTools, TheSameNameIsNoStep)
-{
-    rename_in_panel(3, "Leber");
-    rename_in_panel(3, "Leber");
-    Fct_Update(names, nullptr, nullptr, nullptr);
-    EXPECT_EQ(session.undoStack().count(), 1);
-}
-
-TEST_F(SessionTools, TakingANameAwayIsAStep)
-{
-    rename_in_panel(3, "Leber");
-    rename_in_panel(3, "");
-    EXPECT_EQ(session.undoStack().undoText(), "Clear the name of Leber");
-    session.undoStack().undo();
-    EXPECT_EQ(session.tagTitle(3), "Leber");
-}
-
-TEST_F(SessionTools, RenamingAmongStrokesIsTakenBackInOrder)
-{
-    open(32, 32, 1);
-    paint({10, 10});
-    rename_in_panel(1, "Leber");
-    paint({20, 20});
-    EXPECT_EQ(session.undoStack().undoText(), "Paint Leber");
-    session.undoStack().undo();
-    session.undoStack().undo();
-    EXPECT_EQ(session.tagName(1), "");
-    EXPECT_GT(painted(1), 0u);
-    session.undoStack().undo();
-    EXPECT_EQ(painted(1), 0u);
-}
-
-TEST_F(SessionTools, ARenamingIsNothingToSave)
-{
-    open(32, 32, 1);
-    rename_in_panel(1, "Leber");
-    EXPECT_FALSE(session.isModified()); // a label map holds no names
 }
 
 TEST_F(SessionTools, BrushesGetSmallerAndLargerUpToTheirEnds)
