@@ -1,6 +1,7 @@
 #include "workbench/shell/histogram_panel.h"
 
 #include "hostkit/structures/registry.h"
+#include "workbench/histogram/first_zoom.h"
 #include "workbench/histogram/histogram_file.h"
 #include "workbench/histogram/report_recorder.h"
 #include "workbench/histogram/tag_ranges.h"
@@ -8,6 +9,7 @@
 #include "workbench/model/session.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace workbench {
 
@@ -28,6 +30,7 @@ HistogramPanel::HistogramPanel(Session& session)
 {
     updates_ = hostkit::On_Update([this](unsigned long long flags) { hostChanged(flags); });
     connect(&session, &Session::thresholdsChanged, this, &HistogramPanel::showRanges);
+    connect(&session, &Session::imageChanged, this, [this] { newImage_ = true; });
 }
 
 void HistogramPanel::hostChanged(unsigned long long flags)
@@ -35,6 +38,8 @@ void HistogramPanel::hostChanged(unsigned long long flags)
     const bool selected = (flags & word::selection_2D) == word::selection_2D;
     if (!selected && !(flags & (word::image_data | word::colour_component)))
         return;
+    if (std::exchange(newImage_, false))
+        zoomToShow(panel());
     if (fitted_)
         findPeaks();
     showRanges();
@@ -72,6 +77,14 @@ void HistogramPanel::fit()
 QString HistogramPanel::unit() const
 {
     return session_.hasImage() ? QString::fromStdString(session_.volume().unit) : QString();
+}
+
+void HistogramPanel::layOut()
+{
+    const float zoom = panel().zoom.value;
+    host().Lay_Out();
+    panel().zoom.value = zoom > 0 ? zoom : panel().zoom.value;
+    tell(word::histogram_look);
 }
 
 double HistogramPanel::greyFactor() const

@@ -41,6 +41,9 @@ public:
     QString unit() const;
     double greyFactor() const;
 
+    /// Lays the panel out again and keeps its zoom.
+    void layOut();
+
     void setColourComponent(unsigned char component);
 
     /// Writes histogram and peaks; what was there stays when that fails. Only when there is a histogram.
@@ -57,6 +60,7 @@ private:
     Session& session_;
     hostkit::Panel_Slot<Tool_Histo> slot_;
     bool fitted_ = false;
+    bool newImage_ = false; // whose histogram is still to come
     QString warning_;
     hostkit::Subscription updates_;
 };

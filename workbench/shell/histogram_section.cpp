@@ -1,15 +1,16 @@
 #include "workbench/shell/histogram_section.h"
 
 #include "platform/qt/window_widget.h"
-#include "workbench/document/text.h"
 #include "workbench/histogram/peak_table.h"
 #include "workbench/model/session.h"
 #include "workbench/shell/theme.h"
 
 #include <algorithm>
+#include <cmath>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
@@ -40,9 +41,12 @@ Widget* quiet(Widget* widget, const QString& toolTip)
     return widget;
 }
 
+// As many digits as a fit is worth; counts are whole.
 QString number(double value)
 {
-    return QString::fromStdString(document::number_text(value));
+    constexpr int digits = 4;
+    const bool whole = std::abs(value) >= 1000;
+    return whole ? QLocale::c().toString(value, 'f', 0) : QString::number(value, 'g', digits);
 }
 
 }
@@ -112,7 +116,7 @@ void HistogramSection::layOut()
 {
     const double scale = fontMetrics().height() / 15.0;
     panelWidget_->setFixedHeight(static_cast<int>(panelHeight * std::max(1.0, scale)));
-    histogram_.host().Lay_Out();
+    histogram_.layOut();
 }
 
 // ------------------------------------------------------------------------------------------------------ the slices
