@@ -38,8 +38,10 @@ void HistogramPanel::hostChanged(unsigned long long flags)
     const bool selected = (flags & word::selection_2D) == word::selection_2D;
     if (!selected && !(flags & (word::image_data | word::colour_component)))
         return;
-    if (std::exchange(newImage_, false))
+    if (std::exchange(newImage_, false)) {
         zoomToShow(panel());
+        panel().zoom.Adjust();
+    }
     if (fitted_)
         findPeaks();
     showRanges();
@@ -79,11 +81,12 @@ QString HistogramPanel::unit() const
     return session_.hasImage() ? QString::fromStdString(session_.volume().unit) : QString();
 }
 
-void HistogramPanel::layOut()
+void HistogramPanel::setZoom(float zoom)
 {
-    const float zoom = panel().zoom.value;
-    host().Lay_Out();
-    panel().zoom.value = zoom > 0 ? zoom : panel().zoom.value;
+    if (!(zoom > 0))
+        return;
+    panel().zoom.value = zoom;
+    panel().zoom.Adjust();
     tell(word::histogram_look);
 }
 

@@ -41,8 +41,9 @@ public:
     QString unit() const;
     double greyFactor() const;
 
-    /// Lays the panel out again and keeps its zoom.
-    void layOut();
+    /// The panel's vertical zoom, which a layout sets to 1.
+    float zoom() const { return panel().zoom.value; }
+    void setZoom(float zoom);
 
     void setColourComponent(unsigned char component);
 

@@ -8,12 +8,14 @@
 #include <algorithm>
 #include <cmath>
 #include <QComboBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace workbench {
@@ -69,6 +71,7 @@ HistogramSection::HistogramSection(Session& session, QWidget* parent)
     result_->setWordWrap(true);
 
     histogram_.host().Set_Look(theme::panelLook());
+    panelWidget_->installEventFilter(this);
     panelWidget_->show();
     connect(&session, &Session::imageChanged, this, &HistogramSection::followImage);
     connect(&session.selection(), &FrameSelection::changed, this, &HistogramSection::followSelection);
@@ -116,7 +119,17 @@ void HistogramSection::layOut()
 {
     const double scale = fontMetrics().height() / 15.0;
     panelWidget_->setFixedHeight(static_cast<int>(panelHeight * std::max(1.0, scale)));
-    histogram_.layOut();
+    const float zoom = histogram_.zoom();
+    histogram_.host().Lay_Out();
+    histogram_.setZoom(zoom);
+}
+
+// Another width lays the panel out; its zoom is the user's all the same.
+bool HistogramSection::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == panelWidget_ && event->type() == QEvent::Resize)
+        QTimer::singleShot(0, this, [this, zoom = histogram_.zoom()] { histogram_.setZoom(zoom); });
+    return QWidget::eventFilter(watched, event);
 }
 
 // ------------------------------------------------------------------------------------------------------ the slices

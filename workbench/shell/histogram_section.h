@@ -25,6 +25,9 @@ public:
 signals:
     void exportWanted();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QWidget* makeFrameRow();
     QWidget* makeButtonRow();
