@@ -1,3 +1,4 @@
+#include "hostkit/basics/matrix_inverse.h"
 #include "hostkit/basics/matrix_product.h"
 
 #include "host/basics.h"

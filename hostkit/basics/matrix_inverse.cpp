@@ -1,30 +1,11 @@
 #include "hostkit/basics/matrix_inverse.h"
 
-#include "hostkit/basics/matrix_storage.h"
-
 #include <limits>
 #include <new>
 
 namespace hostkit {
 
-namespace {
-
-using Eigen::MatrixXd;
 using Eigen::VectorXd;
-using Row_Major = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>;
-
-auto mapped(const Matrix_Storage& matrix)
-{
-    return Eigen::Map<const Row_Major>(
-        matrix.row(0), static_cast<Eigen::Index>(matrix.rows()), static_cast<Eigen::Index>(matrix.columns()));
-}
-
-bool is_scaled_by_its_diagonal(const MatrixXd& matrix)
-{
-    return (matrix.diagonal().array() > 0.0).all() && matrix == matrix.transpose();
-}
-
-}
 
 std::unique_ptr<Matrix_Inverse> Matrix_Inverse::of(const Matrix_Storage& matrix)
 {
@@ -40,29 +21,31 @@ std::unique_ptr<Matrix_Inverse> Matrix_Inverse::of(const Matrix_Storage& matrix)
     }
 }
 
-// A badly scaled matrix is no singular one: the columns of a Jacobian differ by the ratio of amplitudes and widths. So
-// rows and columns are brought to one scale before the condition is judged.
 bool Matrix_Inverse::factorize(const Matrix_Storage& matrix)
 {
-    MatrixXd scaled = mapped(matrix);
-    if (scaled.size() == 0)
+    if (matrix.rows() == 0)
         return true;
-    if (!scaled.allFinite())
+    const Eigen_Matrix even = scaled(matrix);
+    if (!even.allFinite())
         return false;
-    if (is_scaled_by_its_diagonal(scaled)) {
-        row_scale_ = scaled.diagonal().cwiseSqrt().cwiseInverse();
-        column_scale_ = row_scale_;
-        scaled = row_scale_.asDiagonal() * scaled * column_scale_.asDiagonal();
-    } else {
-        row_scale_ = scaled.cwiseAbs().rowwise().maxCoeff().cwiseInverse();
-        scaled = row_scale_.asDiagonal() * scaled;
-        column_scale_ = scaled.cwiseAbs().colwise().maxCoeff().cwiseInverse().transpose();
-        scaled = scaled * column_scale_.asDiagonal();
-    }
-    if (!scaled.allFinite())
-        return false;
-    factors_.compute(scaled);
+    factors_.compute(even);
     return factors_.rcond() >= std::numeric_limits<double>::epsilon() && is_finite();
+}
+
+// A badly scaled matrix need not be singular: columns of slopes differ by as much as amplitudes and widths do. So rows
+// and columns are brought to one scale before the condition is judged. What is not finite stays so, and a row or column
+// of zeros becomes so.
+Eigen_Matrix Matrix_Inverse::scaled(const Matrix_Storage& matrix)
+{
+    const Matrix_View view = View_Of(matrix);
+    if ((view.diagonal().array() > 0.0).all() && view == view.transpose()) {
+        row_scale_ = view.diagonal().cwiseSqrt().cwiseInverse();
+        column_scale_ = row_scale_;
+    } else {
+        row_scale_ = view.cwiseAbs().rowwise().maxCoeff().cwiseInverse();
+        column_scale_ = (row_scale_.asDiagonal() * view).cwiseAbs().colwise().maxCoeff().transpose().cwiseInverse();
+    }
+    return row_scale_.asDiagonal() * view * column_scale_.asDiagonal();
 }
 
 bool Matrix_Inverse::is_finite() const
@@ -72,7 +55,7 @@ bool Matrix_Inverse::is_finite() const
     return row_scale_.maxCoeff() < surely / column_scale_.maxCoeff() || elements().allFinite();
 }
 
-MatrixXd Matrix_Inverse::elements() const
+Eigen_Matrix Matrix_Inverse::elements() const
 {
     return column_scale_.asDiagonal() * factors_.inverse() * row_scale_.asDiagonal();
 }
@@ -82,9 +65,9 @@ bool Matrix_Inverse::multiply(const double* vector, double* product) const
     if (size() == 0)
         return true;
     try {
-        const auto rows = row_scale_.size();
-        const VectorXd scaled = row_scale_.cwiseProduct(Eigen::Map<const VectorXd>(vector, rows));
-        Eigen::Map<VectorXd>(product, rows) = column_scale_.cwiseProduct(factors_.solve(scaled));
+        const Eigen::Index rows = row_scale_.size();
+        const VectorXd even = row_scale_.cwiseProduct(Eigen::Map<const VectorXd>(vector, rows));
+        Eigen::Map<VectorXd>(product, rows) = column_scale_.cwiseProduct(factors_.solve(even));
         return true;
     } catch (const std::bad_alloc&) {
         return false;
@@ -96,9 +79,7 @@ bool Matrix_Inverse::write(Matrix_Storage& matrix) const
     if (size() == 0)
         return true;
     try {
-        const MatrixXd inverse = elements();
-        for (size_t y = 0; y < matrix.rows(); ++y)
-            Eigen::Map<VectorXd>(matrix.row(y), inverse.cols()) = inverse.row(static_cast<Eigen::Index>(y)).transpose();
+        Written_View_Of(matrix) = elements();
         return true;
     } catch (const std::bad_alloc&) {
         return false;

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <Eigen/Core>
+#include "hostkit/basics/matrix_view.h"
+
 #include <Eigen/LU>
 
-#include <cstddef>
 #include <memory>
-
-class Matrix_Storage;
 
 namespace hostkit {
 
@@ -23,16 +21,17 @@ public:
     bool multiply(const double* vector, double* product) const;
 
     /// Writes the elements. @return whether there was memory for it
-    bool write(Matrix_Storage& elements) const;
+    bool write(Matrix_Storage& matrix) const;
 
 private:
     bool factorize(const Matrix_Storage& matrix);
+    Eigen_Matrix scaled(const Matrix_Storage& matrix);
     bool is_finite() const;
-    Eigen::MatrixXd elements() const;
+    Eigen_Matrix elements() const;
 
     Eigen::VectorXd row_scale_;
     Eigen::VectorXd column_scale_;
-    Eigen::PartialPivLU<Eigen::MatrixXd> factors_; // of the matrix with rows and columns scaled
+    Eigen::PartialPivLU<Eigen_Matrix> factors_; // of the matrix times both scales
 };
 
 }

@@ -1,6 +1,6 @@
 #include "hostkit/basics/matrix_product.h"
 
-#include <Eigen/Core>
+#include "hostkit/basics/matrix_view.h"
 
 #include <new>
 #include <utility>
@@ -8,18 +8,6 @@
 namespace hostkit {
 
 namespace {
-
-using Row_Major = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>;
-
-Eigen::Index index(size_t value)
-{
-    return static_cast<Eigen::Index>(value);
-}
-
-Eigen::Map<const Row_Major> mapped(const Matrix_Storage& matrix)
-{
-    return {matrix.row(0), index(matrix.rows()), index(matrix.columns())};
-}
 
 // A row of sums, one a column, to which the rows of a strip are added, each times a factor of its own.
 struct Weighted_Rows {
@@ -59,11 +47,9 @@ Weighted_Rows weighted_rows(const Matrix_Storage& matrix, size_t strip, const do
 
 void mirror_upper_triangle(Matrix_Storage& matrix)
 {
-    for (size_t y = 1; y < matrix.rows(); ++y) {
-        double* row = matrix.row(y);
-        for (size_t x = 0; x < y; ++x)
-            row[x] = std::as_const(matrix).row(x)[y];
-    }
+    auto view = Written_View_Of(matrix);
+    for (Eigen::Index y = 1; y < view.rows(); ++y)
+        view.row(y).head(y) = view.col(y).head(y).transpose();
 }
 
 }
@@ -71,19 +57,21 @@ void mirror_upper_triangle(Matrix_Storage& matrix)
 Matrix_Storage::Owner Copy_Of(const Matrix_Storage& matrix)
 {
     auto copy = Matrix_Storage::make(matrix.columns(), matrix.rows());
-    for (size_t y = 0; copy && y < matrix.rows(); ++y)
-        std::copy_n(matrix.row(y), matrix.columns(), copy->row(y));
+    if (!copy)
+        return nullptr;
+    for (size_t strip = 0; strip < matrix.strips(); ++strip) {
+        const auto [first, end] = matrix.span(strip);
+        for (size_t y = matrix.first_row(strip); first < end && y < matrix.end_row(strip); ++y)
+            std::copy(matrix.row(y) + first, matrix.row(y) + end, copy->row(y) + first);
+    }
     return copy;
 }
 
 Matrix_Storage::Owner Transpose_Of(const Matrix_Storage& matrix)
 {
     auto transpose = Matrix_Storage::make(matrix.rows(), matrix.columns());
-    for (size_t y = 0; transpose && y < matrix.columns(); ++y) {
-        double* row = transpose->row(y);
-        for (size_t x = 0; x < matrix.rows(); ++x)
-            row[x] = matrix.row(x)[y];
-    }
+    if (transpose)
+        Written_View_Of(*transpose) = View_Of(matrix).transpose();
     return transpose;
 }
 
@@ -92,13 +80,9 @@ Matrix_Storage::Owner Product(const Matrix_Storage& left, const Matrix_Storage& 
     if (left.columns() != right.rows())
         return nullptr;
     auto product = Matrix_Storage::make(right.columns(), left.rows());
-    if (!product)
-        return nullptr;
-    for (size_t y = 0; y < product->rows(); y += Matrix_Storage::strip_rows)
-        product->row(y);
     try {
-        Eigen::Map<Row_Major>(product->row(0), index(left.rows()), index(right.columns())).noalias() =
-            mapped(left) * mapped(right);
+        if (product)
+            Written_View_Of(*product).noalias() = View_Of(left) * View_Of(right);
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
@@ -114,7 +98,8 @@ Matrix_Storage::Owner Square_Of(Matrix_Storage& matrix)
     for (size_t strip = 0; strip < matrix.strips(); ++strip) {
         const auto span = matrix.span(strip);
         for (size_t y = span.first; y < span.end; ++y)
-            weighted_rows(matrix, strip, std::as_const(matrix).row(matrix.first_row(strip)) + y, matrix.columns()).add(y, span.end, square->row(y));
+            weighted_rows(matrix, strip, std::as_const(matrix).row(matrix.first_row(strip)) + y, matrix.columns())
+                .add(y, span.end, square->row(y));
     }
     mirror_upper_triangle(*square);
     return square;
@@ -122,8 +107,9 @@ Matrix_Storage::Owner Square_Of(Matrix_Storage& matrix)
 
 void Multiply(const Matrix_Storage& matrix, const double* vector, double* product)
 {
-    Eigen::Map<Eigen::VectorXd>(product, index(matrix.rows())).noalias() =
-        mapped(matrix) * Eigen::Map<const Eigen::VectorXd>(vector, index(matrix.columns()));
+    Eigen::Map<Eigen::VectorXd> result(product, static_cast<Eigen::Index>(matrix.rows()));
+    result.noalias() =
+        View_Of(matrix) * Eigen::Map<const Eigen::VectorXd>(vector, static_cast<Eigen::Index>(matrix.columns()));
 }
 
 void Multiply_Transpose(const Matrix_Storage& matrix, const double* vector, double* product)

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "hostkit/basics/matrix_inverse.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+
+namespace hostkit {
+class Matrix_Inverse;
+}
 
 /// The elements that a matrix, its copies and its transposes share: rows of doubles, zero until written.
 ///
@@ -60,7 +62,10 @@ public:
     }
     const double* row(size_t index) const { return elements_ + index * columns_; }
 
-    size_t strips() const { return (rows_ + strip_rows - 1) / strip_rows; }
+    /// The first row, all of them to be written.
+    double* all_rows();
+
+    size_t strips() const { return strips_of(rows_); }
     size_t first_row(size_t strip) const { return strip * strip_rows; }
     size_t end_row(size_t strip) const { return std::min((strip + 1) * strip_rows, rows_); }
     Span span(size_t strip) const { return spans_[strip]; }
@@ -75,12 +80,19 @@ private:
     Matrix_Storage() = default;
     ~Matrix_Storage();
 
+    static Owner make_fresh(size_t columns, size_t rows);
+    bool reset(size_t columns, size_t rows);
+    void clear();
     void release();
+    void keep();
+    static size_t strips_of(size_t rows) { return (rows + strip_rows - 1) / strip_rows; }
     Span tightened(size_t strip) const;
 
     size_t owners_ = 1; // who shares it shares a thread
     size_t columns_ = 0;
     size_t rows_ = 0;
+    size_t capacity_ = 0; // in elements
+    size_t strip_capacity_ = 0;
     double* elements_ = nullptr;
     Span* spans_ = nullptr;
     std::unique_ptr<hostkit::Matrix_Inverse> inverse_;

@@ -24,6 +24,7 @@ public:
     }
 
     Panel& panel() { return panel_; }
+    const Panel& panel() const { return panel_; }
     Panel_Window& host() { return window_; }
     HWND window() const { return window_.window(); }
 

@@ -6,14 +6,9 @@ namespace test {
 
 int successes_before_failure = -1;
 
-}
-
-namespace {
-
-// Whether the allocation that is due to fail has come.
-bool fails()
+bool Allocation_Fails()
 {
-    return test::successes_before_failure >= 0 && test::successes_before_failure-- == 0;
+    return successes_before_failure >= 0 && successes_before_failure-- == 0;
 }
 
 }
@@ -21,7 +16,7 @@ bool fails()
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     try {
-        return fails() ? nullptr : ::operator new(size);
+        return test::Allocation_Fails() ? nullptr : ::operator new(size);
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
@@ -30,7 +25,7 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
 {
     try {
-        return fails() ? nullptr : ::operator new[](size);
+        return test::Allocation_Fails() ? nullptr : ::operator new[](size);
     } catch (const std::bad_alloc&) {
         return nullptr;
     }

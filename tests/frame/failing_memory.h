@@ -6,6 +6,9 @@ namespace test {
 /// How many more nothrow allocations succeed before one fails, once. Negative: none fails.
 extern int successes_before_failure;
 
+/// Counts an allocation. @return whether it is the one that is due to fail
+bool Allocation_Fails();
+
 /// The n-th nothrow allocation from here fails, for as long as this lives.
 class Failing_New {
 public:

@@ -19,6 +19,8 @@ using hostkit::Variable;
 
 TEST(ChangeFlags, HaveTheBitsThatHostsSend)
 {
+    EXPECT_EQ(frame::change::frame_tree, 0x402ull);
+    EXPECT_EQ(frame::change::current_frame, 0x200000ull);
     EXPECT_EQ(frame::change::current_tag, 0x400000ull);
     EXPECT_EQ(frame::change::brushes, 0x800000ull);
     EXPECT_EQ(frame::change::tag_colors, 0x4000000000ull);
@@ -38,6 +40,21 @@ TEST(ChangeFlags, AnyOfTheBitsIsEnough)
     EXPECT_FALSE(frame::has_any(~0ull, 0));
 }
 
+TEST(ChangeFlags, APairNeedsBothItsBits)
+{
+    EXPECT_TRUE(frame::has_all(0x402, frame::change::frame_tree));
+    EXPECT_TRUE(frame::has_all(~0ull, frame::change::frame_tree));
+    EXPECT_FALSE(frame::has_all(0x2, frame::change::frame_tree));
+    EXPECT_FALSE(frame::has_all(~0x400ull, frame::change::frame_tree));
+}
+
+TEST(Keys, AreTheLowSixteenBits)
+{
+    EXPECT_EQ(frame::key_code(2081), 2081);
+    EXPECT_EQ(frame::key_code(0x70000 | 'b'), 'b');
+    EXPECT_EQ(frame::key_code(-1), 0xffff);
+}
+
 TEST(UpDownWord, HasTheValuesThatHostsSend)
 {
     EXPECT_EQ(frame::up_down::release, 0);
@@ -55,6 +72,8 @@ TEST(WidgetState, HasTheValuesThatHostsCompare)
     EXPECT_EQ(frame::state::row_button_marked, 0x500000u);
     EXPECT_EQ(frame::state::slider, 0x8000004u);
     EXPECT_EQ(frame::state::hidden_slider, 7u);
+    EXPECT_EQ(frame::state::select_list, 8448u);
+    EXPECT_EQ(frame::state::greyed_select_list, 8483u);
     EXPECT_EQ(frame::state::editor, 0x80000000u);
     EXPECT_EQ(frame::state::closed_editor, 0x80000003u);
 }
@@ -67,6 +86,11 @@ TEST(FrameColours, KeepTheirThreeOrdersApart)
     EXPECT_EQ(color, (Colors{0x12, 0x34, 0x56}));
     EXPECT_EQ(frame::to_picture_pixel(color), 0x123456u) << "blue in the low byte";
     EXPECT_EQ(color.get(), 0x563412u) << "the platform's: red in the low byte";
+}
+
+TEST(FrameColours, OfMarkersHaveRedInTheLowByte)
+{
+    EXPECT_EQ(frame::from_marker_word(0xff563412), (Colors{0x12, 0x34, 0x56})) << "the highest byte says nothing";
 }
 
 TEST(FrameColours, NoTagIsGrey)
@@ -152,6 +176,8 @@ TEST_F(FrameInHost, MemoryFailuresNameLineSourceAndVariable)
 TEST(ReportLevel, TracesHaveTheirOwnLevels)
 {
     EXPECT_EQ(frame::level::memory, 1);
+    EXPECT_EQ(frame::level::warning, 2);
+    EXPECT_EQ(frame::level::marker_trace, 15);
     EXPECT_EQ(frame::level::handler_trace, 16);
     EXPECT_EQ(frame::level::internal_trace, 17);
 }

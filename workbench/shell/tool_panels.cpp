@@ -30,13 +30,15 @@ ToolPanels::ToolPanels(Session& session, ToolColumn& column)
                                         session_.setCurrentBrush(static_cast<unsigned>(brushes_.panel().Read()));
                                 }}),
       tagWidget_(Widget_From_Window(tags_.window())), brushWidget_(Widget_From_Window(brushes_.window())),
-      keys_({&tags_.host(), &brushes_.host()})
+      histogram_(new HistogramSection(session)),
+      keys_({&tags_.host(), &brushes_.host(), &histogram_->histogram().host()})
 {
     Fct_Update(brushesChanged, nullptr, nullptr, nullptr); // the panel builds the brushes' shapes
     tags_.host().Set_Look(theme::panelLook());
     brushes_.host().Set_Look(theme::panelLook());
     column.addSection(tr("Tags"), tagWidget_);
     column.addSection(tr("Brushes"), brushWidget_);
+    column.addSection(tr("Histogram"), histogram_);
     tagWidget_->show();
     brushWidget_->show();
     fitHeights();
@@ -63,6 +65,7 @@ void ToolPanels::layOut()
     fitHeights();
     tags_.host().Lay_Out();
     brushes_.host().Lay_Out();
+    histogram_->layOut();
 }
 
 void ToolPanels::followTagCount()

@@ -3,6 +3,7 @@
 #include "hostkit/embedding/panel_slot.h"
 #include "tools/tool_brush.h"
 #include "tools/tool_tag.h"
+#include "workbench/shell/histogram_section.h"
 #include "workbench/shell/panel_keys.h"
 
 #include <QObject>
@@ -12,7 +13,7 @@ namespace workbench {
 class Session;
 class ToolColumn;
 
-/// The tag and brush panels as sections of the tool column.
+/// The panels as sections of the tool column.
 class ToolPanels final : public QObject {
     Q_OBJECT
 public:
@@ -24,6 +25,7 @@ public:
 
     QWidget& tagWidget() const { return *tagWidget_; }
     QWidget& brushWidget() const { return *brushWidget_; }
+    HistogramSection& histogram() const { return *histogram_; }
     bool editing() { return tags_.host().Editing() || brushes_.host().Editing(); }
 
 private:
@@ -36,6 +38,7 @@ private:
     hostkit::Panel_Slot<Tool_Brush> brushes_;
     QWidget* tagWidget_;
     QWidget* brushWidget_;
+    HistogramSection* histogram_;
     unsigned laidOutTags_ = 0;
     PanelKeys keys_;
 };

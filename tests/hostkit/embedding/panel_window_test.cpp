@@ -40,6 +40,7 @@ public:
     }
     int Keyboard(int key)
     {
+        recorded_key = YKey;
         heard.push_back({"Keyboard", key});
         return result;
     }
@@ -68,6 +69,7 @@ public:
     std::vector<unsigned long long> words;
     int result = 1;
     bool swallows_release = false;
+    int recorded_key = 0;
 };
 
 using Events = std::vector<Heard>;
@@ -84,6 +86,8 @@ protected:
     }
 
     HWND window() { return slot.window(); }
+
+    static void lock_focus(bool locked) { hostkit::Variable<unsigned char>("$INTERFACE_LOCK_FOCUS") = locked; }
 
     std::vector<int> clicked;
     hostkit::Panel_Slot<Recorder> slot{
@@ -221,6 +225,95 @@ TEST_F(PanelWindow, KeysReachThePanel)
     EXPECT_TRUE(slot.host().Keyboard(27));
     panel.result = 0;
     EXPECT_FALSE(slot.host().Keyboard(27));
+}
+
+TEST_F(PanelWindow, AKeyIsRecordedForTheWidgetsWhileThePanelIsTold)
+{
+    test::key(window(), VK_END);
+    EXPECT_EQ(panel.recorded_key, 2083);
+    EXPECT_EQ(YKey, 0) << "a key that nobody used does not stay";
+    slot.host().Keyboard('a');
+    EXPECT_EQ(panel.recorded_key, 'a');
+    EXPECT_EQ(YKey, 0);
+}
+
+TEST_F(PanelWindow, WhileTheFocusIsLockedNoEventReachesThePanel)
+{
+    test::move(window(), {10, 10});
+    panel.take();
+    lock_focus(true);
+    test::move(window(), {20, 10});
+    test::click(window(), {10, 10});
+    test::turn_wheel(window(), {10, 10}, 120);
+    test::type(window(), "a");
+    test::key(window(), VK_END);
+    SendMessageA(window(), WM_KILLFOCUS, 0, 0);
+    SendMessageA(window(), WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(panel.take(), Events{});
+    EXPECT_TRUE(clicked.empty());
+    EXPECT_TRUE(slot.host().Keyboard('a')) << "no shortcut takes it either";
+    EXPECT_EQ(panel.take(), Events{});
+}
+
+TEST_F(PanelWindow, ALockedPanelIsStillDrawnAndToldOfChanges)
+{
+    lock_focus(true);
+    InvalidateRect(window(), nullptr, FALSE);
+    UpdateWindow(window());
+    Fct_Update(0x400000, nullptr, nullptr, nullptr);
+    EXPECT_EQ(panel.take(), (Events{{"Draw"}, {"Update"}}));
+}
+
+TEST_F(PanelWindow, AfterTheLockEventsAreTheSameAgain)
+{
+    lock_focus(true);
+    test::click(window(), {10, 10});
+    lock_focus(false);
+    test::click(window(), {10, 10});
+    EXPECT_EQ(panel.take(), (Events{{"Click", 18}, {"Click", 0}, {"Motion", 0}}));
+    test::turn_wheel(window(), {10, 10}, 120);
+    EXPECT_EQ(panel.take(), (Events{{"Scroll", 1}}));
+}
+
+TEST_F(PanelWindow, ALeaveThatWasDueDuringTheLockComesWithTheNextChange)
+{
+    test::move(window(), {10, 10});
+    lock_focus(true);
+    SendMessageA(window(), WM_MOUSELEAVE, 0, 0);
+    Fct_Update(0x400000, nullptr, nullptr, nullptr);
+    EXPECT_EQ(panel.take(), (Events{{"Motion", 0}, {"Update"}})) << "still locked";
+    lock_focus(false);
+    Fct_Update(0x400000, nullptr, nullptr, nullptr);
+    Fct_Update(0x400000, nullptr, nullptr, nullptr);
+    EXPECT_EQ(panel.take(), (Events{{"Leave"}, {"Update"}, {"Update"}})) << "once";
+}
+
+TEST_F(PanelWindow, APointerThatHasComeBackAfterTheLockOwesNoLeave)
+{
+    test::move(window(), {10, 10});
+    lock_focus(true);
+    SendMessageA(window(), WM_MOUSELEAVE, 0, 0);
+    lock_focus(false);
+    test::move(window(), {20, 10});
+    Fct_Update(0x400000, nullptr, nullptr, nullptr);
+    EXPECT_EQ(panel.take(), (Events{{"Motion", 0}, {"Motion", 0}, {"Update"}}));
+    SendMessageA(window(), WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(panel.take(), (Events{{"Leave"}}));
+}
+
+TEST_F(PanelWindow, AClickThatLocksTheFocusForAWhileEndsItsCapture)
+{
+    hostkit::Panel_Slot<Recorder> locking(main_window(), {.clicked = [this](int) {
+        lock_focus(true);
+        Recorder::release_buttons();
+        SendMessageA(GetCapture(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5)); // while the work goes on
+        lock_focus(false);
+    }});
+    MoveWindow(locking.window(), 0, 0, 20, 20, TRUE);
+    locking.panel().take();
+    test::press(locking.window(), {5, 5});
+    EXPECT_EQ(locking.panel().take(), (Events{{"Click", 18}, {"Motion", 0}}));
+    EXPECT_EQ(GetCapture(), nullptr);
 }
 
 TEST_F(PanelWindow, ChangesReachThePanelAndSomeRedrawIt)

@@ -80,6 +80,41 @@ TEST_F(Box, SunkenFrameIsAnotherOne)
     EXPECT_NE(Look(raised), Look(sunken));
 }
 
+TEST_F(Box, ItsCaptionLiesAlongTheUpperEdge)
+{
+    Boxs box;
+    Place_Widget(box, 20, 30, 120, 60);
+    box.state = 66;
+    box.Draw();
+    const auto without = Look(box);
+    box.Set_Name("Propagate");
+    box.Draw();
+    const auto with = Look(box);
+    int lowest = 60, highest = -1;
+    for (int i = 0; i < 120 * 60; ++i) {
+        if (with[static_cast<size_t>(i)] != without[static_cast<size_t>(i)]) {
+            lowest = std::min(lowest, i / 120);
+            highest = i / 120;
+        }
+    }
+    EXPECT_GE(lowest, 40) << "in the height of one line";
+    EXPECT_GE(highest, 50);
+    EXPECT_LT(highest, 59) << "not on the frame";
+    EXPECT_FALSE(Spills(box));
+}
+
+TEST_F(Box, ACaptionThatIsTooLongStaysInside)
+{
+    Boxs box;
+    Place_Widget(box, 20, 30, 60, 40);
+    box.state = 66;
+    box.Set_Name("A caption that is too long");
+    box.Draw();
+    EXPECT_FALSE(Spills(box));
+    for (int y = 30; y < 70; ++y)
+        EXPECT_EQ(Pixel(79, y), edge);
+}
+
 TEST_F(Box, ClearFillsExactlyTheRectangle)
 {
     Boxs box;

@@ -105,6 +105,24 @@ protected:
             slider.Draw();
     }
 
+    void Select(unsigned state, const char* name, unsigned short value, int highlight)
+    {
+        Selects select;
+        Put(select, 120);
+        select.state = state;
+        select.arrow = 16;
+        select.Set_Name(name);
+        select.Grow(250, 0);
+        for (int item = 0; item < 250; ++item)
+            select.Set_Item(item, std::to_string(item + 1).c_str());
+        select.value = value;
+        select.Draw();
+        if (highlight == 0)
+            return;
+        point(main_window(), middle(select));
+        select.Select(0);
+    }
+
     void Editor(const char* text, unsigned state, bool selects)
     {
         Texts editor;
@@ -177,6 +195,18 @@ TEST_F(Gallery, IsKept)
     box.Draw();
     Next_Line(16);
     Slider(0x8000000, 200, 30, 0);
+    Next_Line(24);
+    Select(8448, " Frame: ", 0, 0);
+    Select(8448, " Frame: ", 249, 0);
+    Select(8448, " Frame: ", 11, 1);
+    Select(8483, " Frame: ", 11, 0);
+    Select(8448, "A caption that is too long", 11, 0);
+    Next_Line(40);
+    Put(box, 120).state = 66;
+    box.Set_Name("Propagate");
+    box.Draw();
+    box.Set_Name("A caption that is too long");
+    Put(box, 120).Draw();
     Next_Line(24);
     Editor("Left atrium", 0x80000000, false);
     Editor("Left atrium", 0x80000000, true);

@@ -52,6 +52,39 @@ TEST(Caption, CopiesHaveTextsOfTheirOwn)
     EXPECT_STREQ(moved.get(), "changed");
 }
 
+TEST(Captions, KeepTheirTextsWhenTheirNumberChanges)
+{
+    Captions captions;
+    EXPECT_EQ(captions.count(), 0);
+    ASSERT_TRUE(captions.resize(2));
+    captions.set(0, "one");
+    captions.set(1, "two");
+    ASSERT_TRUE(captions.resize(3));
+    EXPECT_STREQ(captions.get(1), "two");
+    EXPECT_STREQ(captions.get(2), "");
+    ASSERT_TRUE(captions.resize(1));
+    EXPECT_STREQ(captions.get(0), "one");
+    EXPECT_STREQ(captions.get(1), "");
+    ASSERT_TRUE(captions.resize(-3));
+    EXPECT_EQ(captions.count(), 0);
+}
+
+TEST(Captions, CopiesHaveTextsOfTheirOwn)
+{
+    Captions one;
+    one.resize(1);
+    one.set(0, "one");
+    Captions other(one);
+    one.set(0, "changed");
+    EXPECT_STREQ(other.get(0), "one");
+    other = one;
+    EXPECT_STREQ(other.get(0), "changed");
+    other = *&other;
+    EXPECT_STREQ(other.get(0), "changed");
+    const Captions moved(std::move(other));
+    EXPECT_STREQ(moved.get(0), "changed");
+}
+
 TEST(Pictures, AreFourZeroedGrids)
 {
     Pictures pictures;

@@ -90,6 +90,34 @@ TEST_F(Windows, ASeriesThatIsNotShownHasNoCurrentChild)
     EXPECT_EQ(series->Child_Get_Cur(window), 1);
 }
 
+TEST_F(Windows, AnotherBecomesCurrentAndPanelsHearOfIt)
+{
+    Window_Add("one");
+    Strato_Window* second = Window_Add("two");
+    std::vector<unsigned long long> updates;
+    const auto update = On_Update([&](unsigned long long flags) { updates.push_back(flags); });
+    EXPECT_TRUE(Window_Make_Current(second));
+    EXPECT_EQ(Object_Variable<Strato_Window>("$WINDOW_CUR"), second);
+    EXPECT_EQ(updates, (std::vector<unsigned long long>{0x100000}));
+    EXPECT_TRUE(Window_Make_Current(second));
+    EXPECT_EQ(updates.size(), 1u) << "nothing has changed";
+}
+
+TEST_F(Windows, WhileTheFocusIsLockedTheCurrentOneStays)
+{
+    Strato_Window* first = Window_Add("one");
+    Strato_Window* second = Window_Add("two");
+    int told = 0;
+    const auto update = On_Update([&](unsigned long long) { ++told; });
+    Variable<unsigned char>("$INTERFACE_LOCK_FOCUS") = 1;
+    EXPECT_FALSE(Window_Make_Current(second));
+    EXPECT_TRUE(Window_Make_Current(first));
+    EXPECT_EQ(Object_Variable<Strato_Window>("$WINDOW_CUR"), first);
+    EXPECT_EQ(told, 0);
+    Variable<unsigned char>("$INTERFACE_LOCK_FOCUS") = 0;
+    EXPECT_TRUE(Window_Make_Current(second));
+}
+
 TEST_F(Windows, ThereAreAtMostSixteen)
 {
     for (int i = 0; i < 16; ++i)
