@@ -23,9 +23,9 @@ std::vector<double> values_of(const Vector_N& vector);
 /// Compares the peaks of a list, in order, with [centre, amplitude, width] each.
 void compare_peaks(const Histo_Peaks& peaks, const json& expected, double sensitivity);
 
-/// Compares the reports, and what the fit returned, with those of a case. Numbers of the lines that the case calls
-/// fragile may differ in their last printed place.
-void compare_log(const std::vector<Report>& reports, const json& expected);
+/// Compares the lines that were reported, and what the fit returned, with those of a case. Numbers of the lines that
+/// the case calls fragile may differ in their last printed place.
+void compare_log(const std::vector<std::string>& lines, const json& expected);
 void compare_returned(double returned, const json& expected);
 
 /// Compares the sum of the starting shapes.

@@ -37,8 +37,7 @@ Histogram histogram_of(const json& histogram);
 /// The counts of an array; none of null.
 Counts counts_of(const json& array);
 
-/// Reports as "LEVEL text".
-std::vector<std::string> lines_of(const std::vector<Report>& reports);
+/// Reports as lines, "LEVEL text".
 std::vector<std::string> lines_of(const json& log);
 
 /// Whether two numbers differ by less than `relative` times the larger of `expected` and `least`.

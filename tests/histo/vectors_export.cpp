@@ -71,7 +71,7 @@ private:
 
     void compare_log(const std::vector<std::string>& expected) const
     {
-        const auto lines = lines_of(reports.all());
+        const auto lines = reports.lines();
         ASSERT_EQ(lines.size(), expected.size());
         for (size_t i = 0; i < lines.size(); ++i)
             EXPECT_TRUE(matches(lines[i], expected[i])) << lines[i] << "\ninstead of\n" << expected[i];

@@ -25,7 +25,7 @@ public:
             EXPECT_EQ(panel.y_title, bytes_of(expected.at("y_title")));
             EXPECT_EQ(panel.x_unit, bytes_of(expected.at("x_unit")));
             EXPECT_EQ(panel.y_unit, bytes_of(expected.at("y_unit")));
-            EXPECT_EQ(lines_of(reports.all()), lines_of(expected.at("log")));
+            EXPECT_EQ(reports.lines(), lines_of(expected.at("log")));
             compare_record(expected.at("record"));
         }
     }

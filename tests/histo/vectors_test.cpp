@@ -37,14 +37,6 @@ Histogram histogram_of(const json& histogram)
     return result;
 }
 
-std::vector<std::string> lines_of(const std::vector<Report>& reports)
-{
-    std::vector<std::string> lines;
-    for (const Report& report : reports)
-        lines.push_back(std::to_string(report.level) + ' ' + report.text);
-    return lines;
-}
-
 std::vector<std::string> lines_of(const json& log)
 {
     std::vector<std::string> lines;

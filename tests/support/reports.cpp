@@ -44,6 +44,14 @@ std::vector<std::string> Reports::texts(int level) const
     return found;
 }
 
+std::vector<std::string> Reports::lines() const
+{
+    std::vector<std::string> lines;
+    for (const Report& report : collected())
+        lines.push_back(std::to_string(report.level) + ' ' + report.text);
+    return lines;
+}
+
 void Reports::clear()
 {
     collected().clear();

@@ -18,6 +18,7 @@ public:
     ~Reports();
     const std::vector<Report>& all() const;
     std::vector<std::string> texts(int level) const;
+    std::vector<std::string> lines() const; ///< "LEVEL text" of each
     void clear();
 };
 
