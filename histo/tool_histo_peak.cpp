@@ -350,7 +350,7 @@ void Peak_Locate(Histo_Peaks* peaks, int n, const double* counts)
     scan(peaks, n);
     Error_Fct(hwnd, level::progress, "Computing Peak Fit: \x01%d\x02 peaks ...", peaks->nb);
     report_peaks(peaks, "before");
-    Gauss_Newton(peaks, static_cast<unsigned short>(n), peaks->smooth, 0.1);
+    Gauss_Newton(peaks, static_cast<unsigned short>(std::max(n, 0)), peaks->smooth, 0.1);
     report_peaks(peaks, "last peak");
     make_curves(peaks, n);
 }

@@ -1,6 +1,5 @@
 #include "tests/support/panel_host.h"
 
-#include "hostkit/basics/report.h"
 #include "hostkit/structures/tree.h"
 
 #define STB_IMAGE_WRITE_IMPLEMENTATION
@@ -9,12 +8,6 @@
 namespace test {
 
 namespace {
-
-std::vector<Report>& collected()
-{
-    static std::vector<Report> reports;
-    return reports;
-}
 
 // The client point of a place, as window messages carry it.
 POINT client_point(HWND window, Place place)
@@ -99,41 +92,6 @@ HWND make_main_window()
     return window;
 }
 
-}
-
-Reports::Reports()
-{
-    collected().clear();
-    hostkit::Set_Report_Sink({[](const hostkit::Report& report) {
-                                  collected().push_back({report.level, report.text});
-                                  return true;
-                              },
-        [](int) { return true; }});
-}
-
-Reports::~Reports()
-{
-    hostkit::Set_Report_Sink({});
-}
-
-const std::vector<Report>& Reports::all() const
-{
-    return collected();
-}
-
-std::vector<std::string> Reports::texts(int level) const
-{
-    std::vector<std::string> found;
-    for (const Report& report : collected()) {
-        if (report.level == level)
-            found.push_back(report.text);
-    }
-    return found;
-}
-
-void Reports::clear()
-{
-    collected().clear();
 }
 
 Panel_Host::Panel_Host() : main_window_(make_main_window())

@@ -6,6 +6,7 @@
 #include "hostkit/embedding/panel_slot.h"
 #include "hostkit/structures/registry.h"
 #include "hostkit/structures/segmentation.h"
+#include "tests/support/reports.h"
 
 #include <gtest/gtest.h>
 
@@ -17,22 +18,6 @@
 /// What the panels' tests share: a fresh host with one window, the reports and broadcasts that a panel sends, and mouse
 /// and keyboard events as window messages.
 namespace test {
-
-struct Report {
-    int level;
-    std::string text;
-    bool operator==(const Report&) const = default;
-};
-
-/// Every report, of whatever level, since it was made.
-class Reports {
-public:
-    Reports();
-    ~Reports();
-    const std::vector<Report>& all() const;
-    std::vector<std::string> texts(int level) const;
-    void clear();
-};
 
 /// A place in a window, y growing upward from the lower edge as widgets count.
 struct Place {

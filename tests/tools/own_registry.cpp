@@ -3,15 +3,15 @@
 #include <cstdint>
 #include <cstring>
 #include <map>
-#include <string>
+#include <set>
 #include <utility>
 
 namespace {
 
-enum class Kind { number, dimension, array };
+enum class Kind { number, dimension, array, floats };
 
 struct Cell {
-    alignas(8) unsigned char bytes[8] = {};
+    alignas(8) unsigned char bytes[16] = {};
     Kind kind = Kind::number;
 
     template <class T>
@@ -25,7 +25,7 @@ struct Cell {
 
 std::map<std::string, Cell> cells;
 std::vector<unsigned long long> sent;
-bool creation_asked = false;
+std::set<std::string> to_create;
 
 template <class T>
 void define(const char* name, Kind kind, T value)
@@ -54,14 +54,24 @@ void define_array(const char* name, void* first)
     define(name, Kind::array, first);
 }
 
+void define_floats(const char* name, const std::array<float, 4>& values)
+{
+    define(name, Kind::floats, values);
+}
+
+unsigned short number(const char* name)
+{
+    return cells.at(name).as<unsigned short>();
+}
+
 std::vector<unsigned long long> take_sent()
 {
     return std::exchange(sent, {});
 }
 
-bool asked_to_create()
+std::vector<std::string> asked_to_create()
 {
-    return creation_asked;
+    return {to_create.begin(), to_create.end()};
 }
 
 }
@@ -84,7 +94,8 @@ void* Fct_Variable_Value(const char* name, int*, unsigned short*, int (**)(void)
 
 void* Fct_Variable_Get(const char* name, int*, unsigned short*, int (**)(void), char flag)
 {
-    creation_asked = creation_asked || flag != 0;
+    if (flag != 0)
+        to_create.insert(name);
     const auto found = cells.find(name);
     return found == cells.end() ? nullptr : found->second.bytes;
 }
