@@ -14,7 +14,7 @@ inline void free_arrays(Histo_Record& record)
 {
     record.flags = 0;
     for (const auto array : arrays) {
-        delete[] (record.*array);
+        delete[](record.*array);
         record.*array = nullptr;
     }
 }

@@ -218,6 +218,7 @@ public:
     float step = 0;  ///< of one wheel notch
     float thumb = 0; ///< share of the length that the thumb takes, 0 to 1; set by Larg_Adjust
 
+    Sliders() = default;
     void Init(HWND owner);
     void Draw();
 
@@ -236,20 +237,46 @@ public:
     int Scroll(int amount);
     void Deselect();
 
+protected:
+    /// What the value is: a position, or a level, which is shown as one.
+    enum class Meaning : unsigned char { position, level };
+    explicit Sliders(Meaning meaning) : meaning_(meaning) {}
+
+    /// Whether the screen shows the slider as it is now.
+    bool Up_To_Date() const;
+
 private:
+    Meaning meaning_ = Meaning::position;
     float grip_ = 0;              // where the pointer holds the thumb, pixels from the thumb's start
     unsigned char grabbed_ = 0;   // 2 after the press, 1 from the first Read to the release
     unsigned char highlight_ = 0; // the pointer is over
-    unsigned char drawn_ = 0;     // a visible slider is on the screen
+    unsigned char drawn_ = 0;     // a visible slider is on the screen: as the three below tell
+    unsigned char drawn_lift_ = 0;
+    int drawn_start_ = 0;
+    float drawn_value_ = 0;
 
-    bool Vertical() const;
     bool Has_Range() const { return maximum > minimum; }
-    int Length() const;
+    bool By_Decades() const;
     int Thumb_Length() const;
     float Thumb_Start() const;
     int Shown_Start() const;
+    unsigned char Thumb_Lift() const;
     float Pointer_Position() const;
+    float Share() const;
+    float Value_Of(float share) const;
     float Value_At(float thumb_start) const;
+    float Stepped(float steps) const;
+};
+
+/// A level control: a slider whose track is filled up to the thumb and which, with state bit 25, shows the value as a
+/// number where there is room. The travel is by decades when the range spans two of them or more (minimum above 0,
+/// maximum at least 100 times as much), otherwise even. A `step` of 0 is a twentieth of the travel.
+class GADGETS_API Valuators : public Sliders {
+public:
+    Valuators() : Sliders(Meaning::level) {}
+
+    /// Draws the valuator again when the screen shows another one.
+    void Adjust();
 };
 
 /// Texts by number.
@@ -315,11 +342,6 @@ private:
     Captions items_;
 
     unsigned Look() const;
-};
-
-class GADGETS_API Valuators : public Sliders {
-public:
-    void Adjust() { Draw(); }
 };
 
 /// A one-line text editor. At most one is active in a program.

@@ -84,8 +84,8 @@ int main(int argc, char** argv)
         ->type_name("FILE or FOLDER");
     options
         .add_option("--tour", arguments.tourFolder,
-            "Play a short session without a display and leave a picture of each step and the label map labels.nii.gz "
-            "in FOLDER; opens a sample when no file is named")
+            "Play a short session without a display and leave a picture of each step, the label map labels.nii.gz "
+            "and its label table in FOLDER; opens a sample when no file is named")
         ->type_name("FOLDER");
     try {
         options.parse(argc, argv);

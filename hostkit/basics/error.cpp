@@ -1,3 +1,4 @@
+#include "hostkit/basics/format.h"
 #include "hostkit/basics/report.h"
 
 #include <cstdarg>
@@ -12,19 +13,6 @@ Report_Sink& current_sink();
 }
 
 namespace {
-
-std::string formatted(const char* format, va_list arguments) VETRA_PRINTF(1, 0);
-
-std::string formatted(const char* format, va_list arguments)
-{
-    va_list again;
-    va_copy(again, arguments);
-    const int length = std::vsnprintf(nullptr, 0, format, again);
-    va_end(again);
-    std::string text(length > 0 ? static_cast<size_t>(length) : 0, ' ');
-    std::vsnprintf(text.data(), text.size() + 1, format, arguments);
-    return text;
-}
 
 // For when there is no memory for the text: what fits goes to standard error.
 void print_shortened(const char* format, va_list arguments) VETRA_PRINTF(1, 0);
@@ -55,7 +43,7 @@ int Error_Fct(HWND window, int level, const char* format, ...)
     va_copy(again, arguments);
     int shown = 1;
     try {
-        shown = hostkit::current_sink().show({window, level, formatted(format, arguments)});
+        shown = hostkit::current_sink().show({window, level, hostkit::Formatted(format, arguments)});
     } catch (const std::exception&) {
         print_shortened(format, again);
     }

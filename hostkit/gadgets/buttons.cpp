@@ -1,3 +1,4 @@
+#include "hostkit/gadgets/fitting_font.h"
 #include "hostkit/gadgets/paint.h"
 
 #include <algorithm>
@@ -124,10 +125,11 @@ void Buttons::Draw_Picture()
     if (!*name.get())
         return;
     const Colors caption = greyed ? blend(text, back, 90) : text;
-    if (state & vertical_bit)
-        paint.stacked_text(area.inset(2), name.get(), font, caption);
-    else
-        paint.centred_text(area.inset(2), name.get(), font, caption);
+    if ((state & vertical_bit) == 0)
+        return paint.centred_text(area.inset(2), name.get(), font, caption);
+    const hostkit::Fitting_Font upward(width, true);
+    if (upward.get())
+        paint.upward_text(area.inset(2), name.get(), upward.get(), caption);
 }
 
 int Buttons::Select(int up_down)

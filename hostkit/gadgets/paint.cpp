@@ -31,6 +31,13 @@ int measured(const std::basic_string<WCHAR>& text)
     return size.cx;
 }
 
+int letter_height()
+{
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(Y_DC, &metrics);
+    return metrics.tmHeight;
+}
+
 bool is_second_half(WCHAR unit)
 {
     return (unit & 0xfc00) == 0xdc00;
@@ -140,20 +147,23 @@ Paint::Wide Paint::fitted(const Wide& text, int width) const
     return fits == 0 ? Wide() : text.substr(0, fits) + ellipsis;
 }
 
-// Nothing of a line leaves its area.
-void Paint::line(const Area& area, const Wide& text, int x, Colors color) const
+// Nothing of a text leaves its area.
+void Paint::write(const Area& area, const Wide& text, int x, int top, Colors color) const
 {
-    TEXTMETRICA metrics{};
-    GetTextMetricsA(Y_DC, &metrics);
     const int state = SaveDC(Y_DC);
     const RECT clip = to_rect(area);
     IntersectClipRect(Y_DC, clip.left, clip.top, clip.right, clip.bottom);
     SetBkMode(Y_DC, TRANSPARENT);
     SetTextColor(Y_DC, color.get());
     SetTextAlign(Y_DC, TA_LEFT | TA_TOP);
-    const int top = area.y + area.height - 1 - (area.height - metrics.tmHeight) / 2;
     TextOutW(Y_DC, x, top, text.data(), static_cast<int>(text.size()));
     RestoreDC(Y_DC, state);
+}
+
+void Paint::line(const Area& area, const Wide& text, int x, Colors color) const
+{
+    const int top = area.y + area.height - 1 - (area.height - letter_height()) / 2;
+    write(area, text, x, top, color);
 }
 
 void Paint::text(const Area& area, const char* text, HFONT font, Colors color) const
@@ -173,24 +183,15 @@ void Paint::centred_text(const Area& area, const char* text, HFONT font, Colors 
     });
 }
 
-void Paint::stacked_text(const Area& area, const char* text, HFONT font, Colors color) const
+// The letters' tops are to the left, the text's start is at the bottom.
+void Paint::upward_text(const Area& area, const char* text, HFONT turned_font, Colors color) const
 {
     if (!ready_ || area.empty())
         return;
-    with_font(font, [&] {
-        TEXTMETRICA metrics{};
-        GetTextMetricsA(Y_DC, &metrics);
-        const Wide letters = widened(text);
-        const int height = metrics.tmAscent; // letters of one word need no room for descenders between them
-        const int all = height * static_cast<int>(letters.size());
-        if (all > area.height)
-            return;
-        int top = area.y + area.height - (area.height - all) / 2;
-        for (const WCHAR letter : letters) {
-            const Wide one(1, letter);
-            top -= height;
-            line({area.x, top, area.width, height}, one, area.x + (area.width - measured(one)) / 2, color);
-        }
+    with_font(turned_font, [&] {
+        const Wide shown = widened(text);
+        const int left = area.x + (area.width - letter_height()) / 2;
+        write(area, shown, left, area.y - 1 + (area.height - measured(shown)) / 2, color);
     });
 }
 

@@ -48,8 +48,8 @@ public:
     /// The same in the middle of the area.
     void centred_text(const Area& area, const char* text, HFONT font, Colors color) const;
 
-    /// A text whose letters stand one below the other, in the middle of the area; nothing when they do not fit.
-    void stacked_text(const Area& area, const char* text, HFONT font, Colors color) const;
+    /// The same, reading upward in a font that is turned so.
+    void upward_text(const Area& area, const char* text, HFONT turned_font, Colors color) const;
 
     /// A text of which `hidden` pixels lie to the left of the area; nothing is drawn outside.
     void scrolled_text(const Area& area, std::string_view text, int hidden, HFONT font, Colors color) const;
@@ -66,6 +66,7 @@ private:
     using Wide = std::basic_string<WCHAR>;
     Wide fitted(const Wide& text, int width) const;
     void line(const Area& area, const Wide& text, int x, Colors color) const;
+    void write(const Area& area, const Wide& text, int x, int top, Colors color) const;
 
     bool open_;
     bool ready_;

@@ -1,20 +1,25 @@
-#include "hostkit/gadgets/paint.h"
+#include "hostkit/gadgets/track.h"
 
 #include <algorithm>
 #include <cmath>
 
+using hostkit::along;
 using hostkit::Area;
 using hostkit::blend;
+using hostkit::is_vertical;
 using hostkit::Paint;
+using hostkit::track_length;
 
 // Positions are counted along the slider from its left or lower end, in pixels.
 
 namespace {
 
 constexpr unsigned vertical_bit = 1u << 2;
+constexpr unsigned shows_number_bit = 1u << 25;
 constexpr unsigned minimum_at_top_bit = 1u << 26;
 constexpr int question = 4;
 constexpr int shortest_thumb = 8;
+constexpr float notches = 20; // of a travel whose step is left to the widget
 
 bool has_minimum_at_far_end(unsigned state)
 {
@@ -24,36 +29,68 @@ bool has_minimum_at_far_end(unsigned state)
 
 }
 
+bool hostkit::is_vertical(const Tools& slider)
+{
+    return (slider.state & vertical_bit) != 0;
+}
+
+int hostkit::track_length(const Tools& slider)
+{
+    return is_vertical(slider) ? slider.height : slider.width;
+}
+
+Area hostkit::along(const Tools& slider, int from, int length)
+{
+    return is_vertical(slider) ? Area{slider.x, slider.y + from, slider.width, length}
+                               : Area{slider.x + from, slider.y, length, slider.height};
+}
+
 void Sliders::Init(HWND owner)
 {
     Set_Window(owner);
-}
-
-bool Sliders::Vertical() const
-{
-    return (state & vertical_bit) != 0;
-}
-
-int Sliders::Length() const
-{
-    return Vertical() ? height : width;
+    drawn_start_ = -1; // what is on the screen may be elsewhere
 }
 
 int Sliders::Thumb_Length() const
 {
     if (!Has_Range())
-        return Length();
-    const int proportional = static_cast<int>(std::lround(thumb * static_cast<float>(Length())));
-    return std::min(std::max(proportional, shortest_thumb), Length());
+        return track_length(*this);
+    const int proportional = static_cast<int>(std::lround(thumb * static_cast<float>(track_length(*this))));
+    return std::min(std::max(proportional, shortest_thumb), track_length(*this));
 }
 
 float Sliders::Thumb_Start() const
 {
     if (!Has_Range())
         return 0;
-    const float share = std::clamp((value - minimum) / (maximum - minimum), 0.0f, 1.0f);
-    const auto travel = static_cast<float>(Length() - Thumb_Length());
+    const float share = Share();
+    const auto travel = static_cast<float>(track_length(*this) - Thumb_Length());
     return travel * (has_minimum_at_far_end(state) ? 1 - share : share);
+}
+
+// How far the value is from the minimum, 0 to 1; 0 also for what is no number.
+float Sliders::Share() const
+{
+    if (!(value > minimum))
+        return 0;
+    if (value >= maximum)
+        return 1;
+    return By_Decades() ? std::log(value / minimum) / std::log(maximum / minimum)
+                        : (value - minimum) / (maximum - minimum);
+}
+
+float Sliders::Value_Of(float share) const
+{
+    if (share <= 0 || share >= 1)
+        return share <= 0 ? minimum : maximum;
+    const float between =
+        By_Decades() ? minimum * std::pow(maximum / minimum, share) : minimum + share * (maximum - minimum);
+    return std::clamp(between, minimum, maximum);
+}
+
+bool Sliders::By_Decades() const
+{
+    return meaning_ == Meaning::level && minimum > 0 && maximum >= 100 * minimum;
 }
 
 // The pixel that the thumb is drawn from.
@@ -64,13 +101,11 @@ int Sliders::Shown_Start() const
 
 float Sliders::Value_At(float thumb_start) const
 {
-    const auto travel = static_cast<float>(Length() - Thumb_Length());
+    const auto travel = static_cast<float>(track_length(*this) - Thumb_Length());
     if (!Has_Range() || travel <= 0)
         return value;
-    float share = std::clamp(thumb_start / travel, 0.0f, 1.0f);
-    if (has_minimum_at_far_end(state))
-        share = 1 - share;
-    return minimum + share * (maximum - minimum);
+    const float share = std::clamp(thumb_start / travel, 0.0f, 1.0f);
+    return Value_Of(has_minimum_at_far_end(state) ? 1 - share : share);
 }
 
 float Sliders::Pointer_Position() const
@@ -79,7 +114,7 @@ float Sliders::Pointer_Position() const
     RECT client{};
     ScreenToClient(window, &pointer);
     GetClientRect(window, &client);
-    return static_cast<float>(Vertical() ? client.bottom - 1 - pointer.y - y : pointer.x - x);
+    return static_cast<float>(is_vertical(*this) ? client.bottom - 1 - pointer.y - y : pointer.x - x);
 }
 
 void Sliders::Larg_Adjust(float visible, float total)
@@ -100,12 +135,32 @@ void Sliders::Draw()
         return;
     }
     drawn_ = 1;
+    drawn_lift_ = Thumb_Lift();
+    drawn_start_ = Shown_Start();
+    drawn_value_ = value;
     paint.fill(area, blend(text, back, 10));
-    const int start = Shown_Start();
-    const Area handle =
-        Vertical() ? Area{x, y + start, width, Thumb_Length()} : Area{x + start, y, Thumb_Length(), height};
-    const int lift = !Active() ? 20 : grabbed_ ? 130 : highlight_ ? 100 : 72;
-    paint.fill(handle.inset(2), blend(text, back, lift));
+    if (meaning_ == Meaning::level) {
+        const int middle = drawn_start_ + Thumb_Length() / 2;
+        const Area level = has_minimum_at_far_end(state) ? along(*this, middle, track_length(*this) - middle)
+                                                         : along(*this, 0, middle);
+        paint.fill(level.inset(2), blend(text, back, Active() ? 34 : 15));
+    }
+    paint.fill(along(*this, drawn_start_, Thumb_Length()).inset(2), blend(text, back, drawn_lift_));
+    if (meaning_ == Meaning::level && (state & shows_number_bit) != 0)
+        hostkit::draw_number(paint, *this, drawn_start_, drawn_start_ + Thumb_Length(), value);
+}
+
+// How far the thumb stands out from the background, of 255.
+unsigned char Sliders::Thumb_Lift() const
+{
+    return !Active() ? 20 : grabbed_ ? 130 : highlight_ ? 100 : 72;
+}
+
+bool Sliders::Up_To_Date() const
+{
+    const bool shows_number = meaning_ == Meaning::level && (state & shows_number_bit) != 0;
+    return drawn_ && Shown() && drawn_lift_ == Thumb_Lift() && drawn_start_ == Shown_Start() &&
+           (!shows_number || hostkit::short_number(drawn_value_) == hostkit::short_number(value));
 }
 
 int Sliders::Select(int up_down)
@@ -137,9 +192,9 @@ float Sliders::Read()
         return value;
     const float pointer = Pointer_Position();
     if (grabbed_ == 2) {
-        const float along = pointer - static_cast<float>(Shown_Start());
+        const float held_at = pointer - static_cast<float>(Shown_Start());
         const auto length = static_cast<float>(Thumb_Length());
-        const bool on_thumb = along >= 0 && along < length;
+        const bool on_thumb = held_at >= 0 && held_at < length;
         grip_ = on_thumb ? pointer - Thumb_Start() : length / 2;
         grabbed_ = 1;
     }
@@ -154,14 +209,20 @@ int Sliders::Scroll(int amount)
 {
     if (!Active() || !Has_Range())
         return 0;
-    const bool grows_downward = !Vertical() || has_minimum_at_far_end(state);
-    const float change = static_cast<float>(amount) * step;
+    const bool grows_downward = !is_vertical(*this) || has_minimum_at_far_end(state);
     const float before = value;
-    value = std::clamp(grows_downward ? value + change : value - change, minimum, maximum);
+    value = Stepped(grows_downward ? static_cast<float>(amount) : -static_cast<float>(amount));
     if (value == before)
         return 0;
     Draw();
     return 1;
+}
+
+float Sliders::Stepped(float steps) const
+{
+    if (meaning_ == Meaning::position || step != 0)
+        return std::clamp(value + steps * step, minimum, maximum);
+    return steps == 0 ? value : Value_Of(std::round(Share() * notches + steps) / notches);
 }
 
 void Sliders::Deselect()

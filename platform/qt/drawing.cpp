@@ -42,6 +42,15 @@ bool is_outlined_by_lines(const Device_Context& dc, const QPolygon& polygon)
            std::adjacent_find(polygon.begin(), polygon.end(), slants) == polygon.end();
 }
 
+// Where a text's upper left corner is, seen from the place that it is aligned to.
+QPoint aligned(UINT align, int width, const QFontMetrics& metrics)
+{
+    const int left = (align & TA_CENTER) == TA_CENTER ? -(width / 2) : align & TA_RIGHT ? -width : 0;
+    if ((align & TA_BASELINE) == TA_BASELINE)
+        return {left, -metrics.ascent()};
+    return {left, align & TA_BOTTOM ? -metrics.height() : 0};
+}
+
 }
 
 // The area has the pixels whose centres lie inside; the outline goes through the corners.
@@ -180,23 +189,25 @@ BOOL TextOutW(HDC context, int x, int y, LPCWSTR text, int length)
     if (!dc || !text)
         return FALSE;
     const QString string(reinterpret_cast<const QChar*>(text), length);
+    const QPoint place = dc->to_device(x, y);
     Drawing_Object::Font& font = dc->font();
-    const QFontMetrics& metrics = font.metrics;
     const auto& [laid_out, width] = font.lay_out(string);
-    const UINT align = dc->state.text_align;
-    QPoint baseline = dc->to_device(x, y);
-    if ((align & TA_CENTER) == TA_CENTER)
-        baseline.rx() -= width / 2;
-    else if (align & TA_RIGHT)
-        baseline.rx() -= width;
-    if ((align & TA_BASELINE) != TA_BASELINE)
-        baseline.ry() += (align & TA_BOTTOM) ? -metrics.descent() : metrics.ascent();
+    const QPoint corner = aligned(dc->state.text_align, width, font.metrics);
+    const QRect box = QRect(corner, QSize(width, font.metrics.height())).adjusted(-2, 0, 2, 2);
 
     QPainter& painter = dc->painter(Meets::covering);
     painter.setFont(font.font);
     painter.setPen(to_qcolor(dc->state.text_color));
-    painter.drawStaticText(baseline - QPoint(0, metrics.ascent()), laid_out);
-    dc->mark({baseline.x() - 2, baseline.y() - metrics.ascent(), width + 4, metrics.height() + 2});
+    if (font.turned == 0) {
+        painter.drawStaticText(place + corner, laid_out);
+        dc->mark(box.translated(place));
+        return TRUE;
+    }
+    painter.translate(place);
+    painter.rotate(-font.turned);
+    painter.drawStaticText(corner, laid_out);
+    painter.resetTransform();
+    dc->mark(QTransform().rotate(-font.turned).mapRect(box).translated(place));
     return TRUE;
 }
 

@@ -126,7 +126,7 @@ HBRUSH CreateDIBPatternBrushPt(const void* packed, UINT usage)
     return reinterpret_cast<HBRUSH>(keep({.kind = Drawing_Object::Kind::brush, .pattern = QBrush(tile)}));
 }
 
-HFONT CreateFontA(int height, int, int, int, int weight, DWORD italic, DWORD underline, DWORD strike_out, DWORD, DWORD,
+HFONT CreateFontA(int height, int, int escapement, int, int weight, DWORD italic, DWORD underline, DWORD strike_out, DWORD, DWORD,
     DWORD, DWORD, DWORD, LPCSTR face)
 {
     QFont font;
@@ -140,7 +140,7 @@ HFONT CreateFontA(int height, int, int, int, int weight, DWORD italic, DWORD und
     font.setStrikeOut(strike_out != 0);
     font.setHintingPreference(QFont::PreferVerticalHinting);
     return reinterpret_cast<HFONT>(
-        keep({.kind = Drawing_Object::Kind::font, .font = std::make_unique<Drawing_Object::Font>(font)}));
+        keep({.kind = Drawing_Object::Kind::font, .font = std::make_unique<Drawing_Object::Font>(font, escapement / 10.0)}));
 }
 
 HGDIOBJ GetStockObject(int index)

@@ -26,11 +26,12 @@ struct Drawing_Object {
 
     /// A font with its measures, and the latest texts laid out in it: panels draw the same ones again and again.
     struct Font {
-        explicit Font(const QFont& of = {}) : font(of) {}
+        explicit Font(const QFont& of = {}, qreal turn = 0) : font(of), turned(turn) {}
         const Laid_Out_Text& lay_out(const QString& text);
 
         QFont font;
         QFontMetrics metrics{font};
+        qreal turned; ///< degrees, counter-clockwise
 
     private:
         QCache<QString, Laid_Out_Text> texts_{1024};

@@ -95,6 +95,8 @@ WINAPI_CALL HBRUSH CreateSolidBrush(COLORREF color);
 /// A brush that repeats a packed bitmap: a BITMAPINFOHEADER with its 32-bit pixels (BI_RGB) behind it. Wherever it
 /// fills, its tiles start at the origin of the window. Null for any other kind of bitmap.
 WINAPI_CALL HBRUSH CreateDIBPatternBrushPt(const void* packed, UINT usage);
+
+/// The escapement turns the text round its place, in tenths of a degree counter-clockwise.
 WINAPI_CALL HFONT CreateFontA(int height, int width, int escapement, int orientation, int weight, DWORD italic,
     DWORD underline, DWORD strike_out, DWORD charset, DWORD output, DWORD clip, DWORD quality, DWORD pitch,
     LPCSTR face);

@@ -58,10 +58,10 @@ void Canvas::use_brush(COLORREF color)
     use(CreateSolidBrush(color));
 }
 
-void Canvas::use_font(int character_height)
+void Canvas::use_font(int character_height, int tenths_of_degrees)
 {
-    use(CreateFontA(-character_height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-        CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, ""));
+    use(CreateFontA(-character_height, 0, tenths_of_degrees, tenths_of_degrees, FW_NORMAL, FALSE, FALSE, FALSE,
+        DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, ""));
 }
 
 void Canvas::fill(int left, int top, int right, int bottom, COLORREF color)

@@ -34,7 +34,7 @@ protected:
     /// Selected, and deleted at the end.
     void use_pen(int style, int pen_width, COLORREF color);
     void use_brush(COLORREF color);
-    void use_font(int character_height);
+    void use_font(int character_height, int tenths_of_degrees = 0);
     void use_no_pen() { SelectObject(dc, GetStockObject(NULL_PEN)); }
     void use_no_brush() { SelectObject(dc, GetStockObject(NULL_BRUSH)); }
 

@@ -287,6 +287,34 @@ TEST_F(Text, IsUprightWhereTheAxisGoesUpward)
     EXPECT_GT(lower, upper);
 }
 
+TEST_F(Text, GoesUpwardFromItsPlaceWhereItsFontIsTurned)
+{
+    use_font(14);
+    SIZE lying{};
+    GetTextExtentPoint32W(dc, wide("LLL").c_str(), 3, &lying);
+    use_font(14, 900);
+    SIZE upright{};
+    GetTextExtentPoint32W(dc, wide("LLL").c_str(), 3, &upright);
+    EXPECT_EQ(upright.cx, lying.cx) << "the extent is the lying text's";
+    EXPECT_EQ(upright.cy, lying.cy);
+
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, white);
+    TextOutW(dc, 20, 35, wide("LLL").c_str(), 3);
+    const RECT box = bounds(picture(width, height));
+    EXPECT_GE(box.left, 20);
+    EXPECT_LE(box.right, 20 + lying.cy);
+    EXPECT_GE(box.top, 35 - lying.cx - 1);
+    EXPECT_LE(box.bottom, 36);
+    EXPECT_GT(box.bottom - box.top, box.right - box.left);
+    int left = 0, right = 0;
+    for (int y = 0; y < height; ++y) {
+        left += pixel(static_cast<int>(box.left) + 1, y) != black;
+        right += pixel(static_cast<int>(box.right) - 2, y) != black;
+    }
+    EXPECT_GT(right, left) << "the feet of the letters are to the right";
+}
+
 TEST_F(Text, TouchesNothingAroundWhenTransparent)
 {
     fill_canvas(RGB(0, 0, 200));

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <cwchar>
 #include <string>
 #include <thread>
 
@@ -85,6 +87,15 @@ TEST(WideText, BrokenBytesBecomeTheReplacementCharacter)
                                       "b");
     ASSERT_EQ(converted.size(), 3u);
     EXPECT_EQ(static_cast<unsigned>(converted[1]), 0xFFFDu);
+}
+
+TEST(ErrorText, IsInEnglishAndStaysUntilTheNextCall)
+{
+    const wchar_t* text = _wcserror(ENOENT);
+    EXPECT_EQ(std::wstring(text), L"No such file or directory");
+    EXPECT_EQ(_wcserror(EACCES), text);
+    EXPECT_EQ(std::wstring(text), L"Permission denied");
+    EXPECT_NE(std::wstring(_wcserror(99999)), L"");
 }
 
 TEST(Words, AreTakenApartAndPutTogether)

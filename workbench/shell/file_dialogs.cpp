@@ -28,12 +28,37 @@ QString labelFilter()
     return text("Label maps") + QStringLiteral(" (*.nii.gz *.nii *.nrrd *.mha)");
 }
 
+QString tableFilter()
+{
+    return text("Label tables") + QStringLiteral(" (*.label *.txt)");
+}
+
 QFileDialog* makeDialog(QWidget& parent, const QString& title, const QString& folder, FilesChosen chosen)
 {
     auto* dialog = new QFileDialog(&parent, title, folder);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(dialog, &QFileDialog::filesSelected, &parent, std::move(chosen));
     return dialog;
+}
+
+void chooseExisting(
+    QWidget& parent, const QString& title, const QString& folder, const QString& filter, FilesChosen chosen)
+{
+    auto* dialog = makeDialog(parent, title, folder, std::move(chosen));
+    dialog->setNameFilter(filter + QStringLiteral(";;") + text("All files") + QStringLiteral(" (*)"));
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->open();
+}
+
+void chooseTarget(QWidget& parent, const QString& title, const QString& path, const QString& filter,
+    const QString& ending, FilesChosen chosen)
+{
+    auto* dialog = makeDialog(parent, title, QFileInfo(path).absolutePath(), std::move(chosen));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setNameFilter(filter);
+    dialog->setDefaultSuffix(ending);
+    dialog->selectFile(QFileInfo(path).fileName());
+    dialog->open();
 }
 
 }
@@ -56,20 +81,28 @@ void chooseImageFolder(QWidget& parent, const QString& folder, FilesChosen chose
 
 void chooseLabelFile(QWidget& parent, const QString& folder, FilesChosen chosen)
 {
-    auto* dialog = makeDialog(parent, text("Open label map"), folder, std::move(chosen));
-    dialog->setNameFilter(labelFilter() + QStringLiteral(";;") + text("All files") + QStringLiteral(" (*)"));
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    dialog->open();
+    chooseExisting(parent, text("Open label map"), folder, labelFilter(), std::move(chosen));
+}
+
+void chooseTableFile(QWidget& parent, const QString& folder, FilesChosen chosen)
+{
+    chooseExisting(parent, text("Open label table"), folder, tableFilter(), std::move(chosen));
 }
 
 void chooseLabelTarget(QWidget& parent, const QString& path, FilesChosen chosen)
 {
-    auto* dialog = makeDialog(parent, text("Save label map"), QFileInfo(path).absolutePath(), std::move(chosen));
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setNameFilter(labelFilter());
-    dialog->setDefaultSuffix(QStringLiteral("nii.gz"));
-    dialog->selectFile(QFileInfo(path).fileName());
-    dialog->open();
+    chooseTarget(parent, text("Save label map"), path, labelFilter(), QStringLiteral("nii.gz"), std::move(chosen));
+}
+
+void chooseTableTarget(QWidget& parent, const QString& path, FilesChosen chosen)
+{
+    chooseTarget(parent, text("Save label table"), path, tableFilter(), QStringLiteral("label"), std::move(chosen));
+}
+
+void chooseHistogramTarget(QWidget& parent, const QString& path, FilesChosen chosen)
+{
+    chooseTarget(parent, text("Export histogram"), path, text("Tables") + QStringLiteral(" (*.csv *.txt)"),
+        QStringLiteral("csv"), std::move(chosen));
 }
 
 }

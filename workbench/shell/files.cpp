@@ -2,37 +2,11 @@
 
 #include "workbench/document/text.h"
 #include "workbench/shell/file_dialogs.h"
+#include "workbench/shell/file_names.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QMessageBox>
-
-#include <filesystem>
 #include <utility>
 
 namespace workbench {
-
-namespace {
-
-std::filesystem::path systemPath(const QString& path)
-{
-    return std::filesystem::path(path.toStdU16String());
-}
-
-QString fileName(const QString& path)
-{
-    return QFileInfo(QDir::cleanPath(path)).fileName();
-}
-
-QMessageBox* messageBox(QWidget& parent, QMessageBox::Icon icon, const QString& text)
-{
-    auto* box = new QMessageBox(icon, QStringLiteral("Vetra"), text, QMessageBox::NoButton, &parent);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setTextFormat(Qt::PlainText);
-    return box;
-}
-
-}
 
 Files::Files(Session& session, QWidget& window) : session_(session), window_(window)
 {
@@ -45,9 +19,17 @@ Files::Files(Session& session, QWidget& window) : session_(session), window_(win
         Qt::QueuedConnection);
 }
 
+QMessageBox* Files::messageBox(QMessageBox::Icon icon, const QString& text)
+{
+    auto* box = new QMessageBox(icon, QStringLiteral("Vetra"), text, QMessageBox::NoButton, &window_);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    return box;
+}
+
 void Files::tell(const QString& text)
 {
-    messageBox(window_, QMessageBox::Warning, text)->open();
+    messageBox(QMessageBox::Warning, text)->open();
 }
 
 void Files::complain(const document::Failure& failure)
@@ -83,12 +65,12 @@ void Files::open(const QStringList& paths)
             const QString& reason) { tell(tr("\"%1\" could not be opened: %2").arg(name, reason)); });
 }
 
-// Asked only now: for a file that cannot be opened there is nothing to give up.
+// Asked only now: for a file that cannot be opened there is nothing to give up. The tags stay with the next image.
 void Files::opened(const std::shared_ptr<std::optional<Opening>>& result)
 {
     if (!**result)
         return complain((*result)->failure());
-    whenNothingIsLost([this, result] { adopt(***result); });
+    whenSaved(&Session::areLabelsModified, [this, result] { adopt(***result); });
 }
 
 void Files::adopt(document::Opened& opened)
@@ -101,101 +83,33 @@ void Files::adopt(document::Opened& opened)
     emit said(notices.join(QLatin1Char(' ')));
 }
 
-void Files::openLabels(const QString& path)
-{
-    if (refuseWhileBusy())
-        return;
-    if (!session_.hasImage())
-        return tell(tr("A label map belongs to an image. Open the image first, then \"%1\".").arg(fileName(path)));
-    auto result = std::make_shared<std::optional<document::Result<document::LabelMap>>>();
-    worker_.start(
-        tr("Opening %1").arg(fileName(path)),
-        [file = systemPath(path), geometry = session_.volume().geometry, result](
-            const document::Progress& progress) { result->emplace(document::load_labels(file, geometry, progress)); },
-        [this, path, result] {
-            if (!**result)
-                return complain((*result)->failure());
-            if (const auto failure = session_.adoptLabels(***result, path))
-                return complain(*failure);
-            emit said(tr("Labels of \"%1\" are shown; Undo brings the former ones back.").arg(fileName(path)));
-        },
-        [this, path](
-            const QString& reason) { tell(tr("\"%1\" could not be opened: %2").arg(fileName(path), reason)); });
-}
+// -------------------------------------------------------------------------------------- before something is lost
 
-// ---------------------------------------------------------------------------------------------------------- saving
-
-void Files::saveAndThen(const std::function<void()>& then)
-{
-    if (!session_.hasImage())
-        return;
-    if (session_.labelPath().isEmpty())
-        chooseTarget(then);
-    else
-        saveTo(session_.labelPath(), then);
-}
-
-bool Files::isImageFile(const QString& path) const
-{
-    const QFileInfo target(path);
-    for (const QString& file : session_.imageFiles()) {
-        const QFileInfo image(file);
-        if (target == image || (target.exists() && target.canonicalFilePath() == image.canonicalFilePath()))
-            return true;
-    }
-    return false;
-}
-
-void Files::saveTo(const QString& path, std::function<void()> then)
-{
-    if (!session_.hasImage() || refuseWhileBusy())
-        return;
-    if (isImageFile(path)) {
-        return tell(tr("\"%1\" is the open image itself; the labels would take its place. Choose another name.")
-                        .arg(fileName(path)));
-    }
-    auto snapshot = session_.snapshot();
-    if (!snapshot)
-        return complain(snapshot.failure());
-    auto copy = std::make_shared<Session::Snapshot>(std::move(*snapshot));
-    auto failure = std::make_shared<std::optional<document::Failure>>();
-    worker_.start(
-        tr("Saving %1").arg(fileName(path)),
-        [copy, failure, file = systemPath(path)](
-            const document::Progress&) { *failure = document::save_labels(file, copy->labels); },
-        [this, copy, failure, path, then] {
-            if (*failure)
-                return complain(**failure);
-            session_.markSaved(path, copy->revision);
-            emit said(tr("Labels saved to \"%1\".").arg(fileName(path)));
-            if (then)
-                then();
-        },
-        [this, path](const QString& reason) { tell(tr("\"%1\" could not be saved: %2").arg(fileName(path), reason)); });
-}
-
-void Files::whenNothingIsLost(std::function<void()> then)
+void Files::whenSaved(bool (Session::*modified)() const, std::function<void()> then)
 {
     if (busy())
-        whenIdle_ = [this, then = std::move(then)] { whenNothingIsLost(then); };
-    else if (session_.isModified())
-        askToSave(then);
+        whenIdle_ = [this, modified, then = std::move(then)] { whenSaved(modified, then); };
+    else if ((session_.*modified)())
+        askToSave([this, modified, then] { whenSaved(modified, then); }, then);
     else
         then();
 }
 
-void Files::askToSave(const std::function<void()>& then)
+void Files::askToSave(const std::function<void()>& saved, const std::function<void()>& discarded)
 {
+    const bool labels = session_.areLabelsModified();
     auto* box =
-        messageBox(window_, QMessageBox::Question, tr("The labels of \"%1\" are not saved.").arg(session_.imageName()));
-    box->setInformativeText(tr("Without saving, what was painted since the last time is lost."));
+        messageBox(QMessageBox::Question, labels ? tr("The labels of \"%1\" are not saved.").arg(session_.imageName())
+                                                 : tr("Names, colours and thresholds of the tags are not saved."));
+    box->setInformativeText(labels ? tr("Without saving, what was painted since the last time is lost.")
+                                   : tr("Without saving, what was changed since the last time is lost."));
     box->setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
     box->setDefaultButton(QMessageBox::Save);
-    connect(box, &QMessageBox::finished, this, [this, then](int button) {
+    connect(box, &QMessageBox::finished, this, [this, saved, discarded](int button) {
         if (button == QMessageBox::Save)
-            saveAndThen(then);
+            saveWhatIsUnsaved(saved);
         else if (button == QMessageBox::Discard)
-            then();
+            discarded();
     });
     box->open();
 }
@@ -223,6 +137,11 @@ void Files::chooseLabels()
     chooseLabelFile(window_, folder(), [this](const QStringList& paths) { openLabels(paths.front()); });
 }
 
+void Files::chooseTable()
+{
+    chooseTableFile(window_, folder(), [this](const QStringList& paths) { openTable(paths.front()); });
+}
+
 void Files::chooseTarget(const std::function<void()>& then)
 {
     if (!session_.hasImage())
@@ -231,7 +150,19 @@ void Files::chooseTarget(const std::function<void()>& then)
     chooseLabelTarget(window_, offered, [this, then](const QStringList& paths) { saveTo(paths.front(), then); });
 }
 
-QString usualLabelPath(const Session& session)
+void Files::chooseTableTarget(const std::function<void()>& then)
+{
+    const QString labels = session_.labelPath().isEmpty() ? usualLabelPath(session_) : session_.labelPath();
+    const QString offered = session_.hasImage() ? userPath(document::label_table_path(systemPath(labels)))
+                                                : QDir::home().filePath(QStringLiteral("tags.label"));
+    workbench::chooseTableTarget(
+        window_, offered, [this, then](const QStringList& paths) { saveTableTo(paths.front(), then); });
+}
+
+namespace {
+
+// A file beside the image, or at home where nothing can be written there.
+QString besideImage(const Session& session, const QString& ending)
 {
     const QStringList files = session.imageFiles();
     const QFileInfo beside(files.isEmpty() ? QDir::homePath() : QFileInfo(files.front()).absolutePath());
@@ -241,7 +172,19 @@ QString usualLabelPath(const Session& session)
     if (files.size() == 1)
         name.chop(static_cast<int>(extension.size()));
     name.replace(QLatin1Char('/'), QLatin1Char('_'));
-    return QDir(folder).filePath(name + QStringLiteral("-labels.nii.gz"));
+    return QDir(folder).filePath(name + ending);
+}
+
+}
+
+QString usualLabelPath(const Session& session)
+{
+    return besideImage(session, QStringLiteral("-labels.nii.gz"));
+}
+
+QString usualHistogramPath(const Session& session)
+{
+    return besideImage(session, QStringLiteral("-histogram.csv"));
 }
 
 }

@@ -3,16 +3,25 @@
 #include "workbench/model/session.h"
 #include "workbench/shell/worker.h"
 
+#include <QMessageBox>
 #include <QStringList>
 
+#include <filesystem>
 #include <functional>
 #include <memory>
+#include <set>
 
 class QWidget;
 
 namespace workbench {
 
+class HistogramPanel;
+
 /// Everything that has to do with files: opening beside the interface, saving, and asking before something is lost.
+///
+/// A label map "a.nii.gz" has the names, colours and thresholds of its tags beside it in a label table, "a.label": both
+/// are opened and saved together. A table that was there before and that this program neither read nor wrote is only
+/// replaced when the user says so.
 ///
 /// What is open stays until the new image is there in full. Nobody waits in a dialog: calls return at once, and what
 /// goes wrong is told in a message box.
@@ -29,19 +38,30 @@ public:
     void chooseImage();
     void chooseFolder();
     void chooseLabels();
+    void chooseTable();
     void open(const QStringList& paths);
     void openLabels(const QString& path);
+    void openTable(const QString& path);
 
     /// Saves to the label map's file, or asks for one when there is none yet.
     void save() { saveAndThen({}); }
     void saveAs() { chooseTarget({}); }
+    void saveTableAs() { chooseTableTarget({}); }
 
-    /// Saves to this file; refused when it is the image's own. @param then  called when it is saved
+    /// Saves to this file, refused when it is the image's own, and to the table beside it when there is something to
+    /// say. @param then  called when they are saved
     void saveTo(const QString& path, std::function<void()> then = {});
 
-    /// Calls `then` once nothing is being read or written and the user has saved the labels or given them up; never
+    /// Saves names, colours and thresholds alone. @param then  called when they are saved
+    void saveTableTo(const QString& path, std::function<void()> then = {});
+
+    /// Asks for a file and exports the histogram into it.
+    void chooseHistogramTarget(HistogramPanel& histogram);
+    void exportHistogramTo(HistogramPanel& histogram, const QString& path);
+
+    /// Calls `then` once nothing is being read or written and the user has saved what is unsaved or given it up; never
     /// when the user goes back.
-    void whenNothingIsLost(std::function<void()> then);
+    void whenNothingIsLost(std::function<void()> then) { whenSaved(&Session::isModified, std::move(then)); }
 
     /// Tells something that the user must not miss.
     void tell(const QString& text);
@@ -52,12 +72,29 @@ signals:
 private:
     using Opening = document::Result<document::Opened>;
 
+    enum class Table { written, kept, needless }; // what happens to the one beside a label map
+    struct Labels;
+    struct Saving;
+
     bool refuseWhileBusy();
     void opened(const std::shared_ptr<std::optional<Opening>>& result);
     void adopt(document::Opened& opened);
-    void askToSave(const std::function<void()>& then);
+    /// @param modified  what tells whether there is anything to save
+    void whenSaved(bool (Session::*modified)() const, std::function<void()> then);
+    void askToSave(const std::function<void()>& saved, const std::function<void()>& discarded);
+    void saveWhatIsUnsaved(const std::function<void()>& then);
     void saveAndThen(const std::function<void()>& then);
     void chooseTarget(const std::function<void()>& then);
+    void chooseTableTarget(const std::function<void()>& then);
+
+    void labelsOpened(const QString& path, const Labels& opened);
+    void askToReplaceTable(const QString& labels, const std::function<void()>& then);
+    void saveTo(const QString& path, Table table, const std::function<void()>& then);
+    void labelsSaved(const QString& path, const Saving& saving, const std::function<void()>& then);
+    bool isOwn(const std::filesystem::path& table) const;
+    bool isForeign(const std::filesystem::path& table) const;
+
+    QMessageBox* messageBox(QMessageBox::Icon icon, const QString& text);
     void complain(const document::Failure& failure);
     bool isImageFile(const QString& path) const;
     QString folder() const;
@@ -66,10 +103,15 @@ private:
     QWidget& window_;
     Worker worker_;
     std::function<void()> whenIdle_;
+    std::set<std::filesystem::path> ownTables_;  // read or written
+    std::set<std::filesystem::path> keptTables_; // foreign ones that the user does not want to be replaced
 };
 
 /// The file that labels of an image are offered to be saved to: beside the image, or at home where nothing can be
 /// written there, with "-labels.nii.gz" behind its name.
 QString usualLabelPath(const Session& session);
+
+/// The same for its histogram, with "-histogram.csv".
+QString usualHistogramPath(const Session& session);
 
 }

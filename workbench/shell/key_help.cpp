@@ -22,6 +22,8 @@ constexpr Entry entries[] = {
     {QT_TRANSLATE_NOOP("KeyHelp", "Shift + left drag"), QT_TRANSLATE_NOOP("KeyHelp", "erase")},
     {QT_TRANSLATE_NOOP("KeyHelp", "[   ]"), QT_TRANSLATE_NOOP("KeyHelp", "smaller, larger brush")},
     {QT_TRANSLATE_NOOP("KeyHelp", "T   Shift + T"), QT_TRANSLATE_NOOP("KeyHelp", "next, previous tag")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "E"),
+        QT_TRANSLATE_NOOP("KeyHelp", "edit the current tag: name, colour, grey values")},
     {QT_TRANSLATE_NOOP("KeyHelp", "L"), QT_TRANSLATE_NOOP("KeyHelp", "lock or unlock the current tag")},
     {QT_TRANSLATE_NOOP("KeyHelp", "Escape"), QT_TRANSLATE_NOOP("KeyHelp", "take back the stroke being painted")},
     {QT_TRANSLATE_NOOP("KeyHelp", "Ctrl + Z   Ctrl + Shift + Z"), QT_TRANSLATE_NOOP("KeyHelp", "undo, redo")},

@@ -3,6 +3,7 @@
 #include "workbench/shell/menus.h"
 #include "workbench/shell/opacity_row.h"
 #include "workbench/shell/status_line.h"
+#include "workbench/shell/tag_dialog.h"
 #include "workbench/shell/theme.h"
 #include "workbench/shell/tool_column.h"
 #include "workbench/shell/tool_panels.h"
@@ -38,6 +39,9 @@ MainWindow::MainWindow(Session& session)
     column_->addSection(tr("Overlay"), opacity_);
     menus_ = std::make_unique<Menus>(*this, session, files_, *view_);
     connect(menus_.get(), &Menus::interfaceSizeChosen, this, &MainWindow::setInterfaceSize);
+    connect(menus_.get(), &Menus::tagEditChosen, this, &MainWindow::editTag);
+    connect(&panels_->histogram(), &HistogramSection::exportWanted, this,
+        [this] { files_.chooseHistogramTarget(panels_->histogram().histogram()); });
     connect(&reports_, &Reports::reported, this, &MainWindow::showReport);
     connectFiles();
     connectSession();
@@ -107,6 +111,8 @@ void MainWindow::showTitle()
         parts << session_.imageName();
         if (!path.isEmpty() || session_.isModified())
             parts << (path.isEmpty() ? tr("labels") : QFileInfo(path).fileName()) + QStringLiteral("[*]");
+    } else if (session_.isModified()) {
+        parts << tr("tags") + QStringLiteral("[*]");
     }
     parts << program;
     setWindowTitle(parts.join(QStringLiteral(" \u2014 ")));
@@ -142,6 +148,16 @@ void MainWindow::showReport(int level, const QString& text)
     status_->say(text);
     if (level <= concernsUser)
         files_.tell(text);
+}
+
+void MainWindow::editTag()
+{
+    const unsigned tag = session_.currentTag();
+    if (tag == 0)
+        return status_->say(tr("The background has no name, colour or grey values of its own. Choose a tag to edit."));
+    auto* dialog = new TagDialog(session_, tag, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
 }
 
 void MainWindow::setInterfaceSize(int percent)

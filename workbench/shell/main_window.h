@@ -50,6 +50,7 @@ private:
     void showTitle();
     void showFrames();
     void showVoxel();
+    void editTag();
     void showReport(int level, const QString& text);
     void passToView(QKeyEvent* event);
 

@@ -45,6 +45,9 @@ void Menus::addFileMenu()
     needImage_ << add(menu, tr("&Save label map"), QKeySequence::Save, [this] { files_.save(); });
     needImage_ << add(menu, tr("Save label map &as..."), tr("Ctrl+Shift+S"), [this] { files_.saveAs(); });
     menu.addSeparator();
+    add(menu, tr("Open label &table..."), {}, [this] { files_.chooseTable(); });
+    add(menu, tr("Sa&ve label table as..."), {}, [this] { files_.saveTableAs(); });
+    menu.addSeparator();
     add(menu, tr("&Quit"), tr("Ctrl+Q"), [this] { window_.close(); });
 }
 
@@ -64,6 +67,7 @@ void Menus::addTagMenu()
     QMenu& menu = *window_.menuBar()->addMenu(tr("&Tag"));
     add(menu, tr("&Next tag"), tr("T"), [this] { chooseTag(1); });
     add(menu, tr("&Previous tag"), tr("Shift+T"), [this] { chooseTag(-1); });
+    edit_ = add(menu, {}, tr("E"), [this] { emit tagEditChosen(); });
     lock_ = add(menu, {}, tr("L"), [this] { session_.toggleLock(session_.currentTag()); });
     menu.addSeparator();
     add(menu, tr("&Smaller brush"), tr("["), [this] { session_.smallerBrush(); });
@@ -115,6 +119,7 @@ void Menus::followSession()
     const unsigned tag = session_.currentTag();
     QString title = session_.tagTitle(tag);
     title.replace(QLatin1Char('&'), QLatin1String("&&"));
+    edit_->setText(tr("&Edit \"%1\"...").arg(title));
     lock_->setText(session_.isTagLocked(tag) ? tr("Un&lock \"%1\"").arg(title) : tr("&Lock \"%1\"").arg(title));
 }
 

@@ -20,6 +20,7 @@ public:
 
 signals:
     void interfaceSizeChosen(int percent);
+    void tagEditChosen();
 
 private:
     void addFileMenu();
@@ -39,6 +40,7 @@ private:
     Session& session_;
     Files& files_;
     ImageView& view_;
+    QAction* edit_ = nullptr;
     QAction* lock_ = nullptr;
     QList<QAction*> needImage_;
 };

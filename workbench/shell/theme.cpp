@@ -98,10 +98,11 @@ QString styleSheet(double pointSize)
         QPushButton:default { border-color: %5; }
         QLabel[role="title"] { color: %7; font-weight: bold; }
         QLabel[role="quiet"] { color: %7; }
+        QLabel[role="problem"] { color: %9; }
         QToolTip { background: %2; color: %6; border: 1px solid %3; padding: 3px; }
     )");
     return rules.arg(name(panel), name(raised), name(line), name(surround), name(accent), name(text), name(quietText),
-        QString::number(pointSize));
+        QString::number(pointSize), name(warning));
 }
 
 }

@@ -14,6 +14,7 @@ inline constexpr QRgb line = 0xff3a4048;
 inline constexpr QRgb text = 0xffd6dade;
 inline constexpr QRgb quietText = 0xff8f979f;
 inline constexpr QRgb accent = 0xff4f83b6;
+inline constexpr QRgb warning = 0xffe6a23c;
 
 inline constexpr int spacing = 8;      ///< between things, pixels
 inline constexpr int smallSpacing = 4; ///< inside a thing, pixels

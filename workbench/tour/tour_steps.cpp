@@ -237,7 +237,9 @@ void TourSteps::writeIntoDialog(const QString& path)
 
 QString TourSteps::save()
 {
+    const auto table = document::label_table_path(labelFile_.toStdString());
     QFile::remove(labelFile_);
+    QFile::remove(table); // of the last tour
     driver_.key(Qt::Key_S, Qt::ControlModifier);
     writeIntoDialog(QFileInfo(labelFile_).absoluteFilePath());
     Driver::waitFor([this] { return !window_.files().busy(); });
@@ -248,6 +250,11 @@ QString TourSteps::save()
         throw StepFailed(QString::fromStdString(read.failure().message));
     require(std::ranges::equal(read->tags(), session_.labels().tags()),
         QStringLiteral("%1 does not hold what was painted").arg(labelFile_));
+    const auto described = document::load_label_table(table);
+    if (!described)
+        throw StepFailed(QString::fromStdString(described.failure().message));
+    require(std::ranges::count(*described, name.toStdString(), &document::LabelEntry::name) == 1,
+        QStringLiteral("%1 does not hold the name").arg(QString::fromStdString(table.filename().string())));
     return QStringLiteral("%1, read back equal").arg(QFileInfo(labelFile_).fileName());
 }
 

@@ -37,7 +37,8 @@ Table sparse_table(size_t columns, size_t rows, unsigned seed)
     Table table = random_table(columns, rows, seed);
     for (size_t y = 0; y < rows; ++y) {
         for (size_t x = 0; x < columns; ++x) {
-            const double distance = static_cast<double>(y) - static_cast<double>(x * rows) / static_cast<double>(columns);
+            const double distance =
+                static_cast<double>(y) - static_cast<double>(x * rows) / static_cast<double>(columns);
             if (std::fabs(distance) > 0.2 * static_cast<double>(rows) || x % 7 == 3 || y % 11 < 2)
                 table[y][x] = 0.0;
         }
@@ -358,8 +359,8 @@ TEST(Matrix, WideProductThatNoMemoryCanHoldIsInvalid)
 }
 
 // The address checker answers a request that is too large with null, as the others do.
-extern "C" const char* __asan_default_options();
-extern "C" const char* __asan_default_options()
+extern "C" VETRA_EXPORT const char* __asan_default_options();
+const char* __asan_default_options()
 {
     return "allocator_may_return_null=1";
 }

@@ -123,6 +123,22 @@ protected:
         select.Select(0);
     }
 
+    void Valuator(unsigned state, short width, float value, int highlight)
+    {
+        Valuators valuator;
+        Put(valuator, width);
+        valuator.state = state;
+        valuator.minimum = 0.001f;
+        valuator.maximum = 1;
+        valuator.value = value;
+        valuator.Draw();
+        if (highlight == 0)
+            return;
+        point(main_window(), middle(valuator));
+        if (valuator.Select(highlight == 2 ? left_press : 0))
+            valuator.Draw();
+    }
+
     void Editor(const char* text, unsigned state, bool selects)
     {
         Texts editor;
@@ -193,8 +209,20 @@ TEST_F(Gallery, IsKept)
     box.Draw();
     Put(box, 80).state = 80;
     box.Draw();
+    Next_Line(150);
+    for (const float value : {1.0f, 0.708f, 0.25f, 0.0316f, 0.008f, 0.001f})
+        Valuator(0xA000004, 16, value, 0);
+    Valuator(0xA000004, 16, 0.25f, 1);
+    Valuator(0xA000004, 16, 0.25f, 2);
+    Valuator(0xA000004 | 35, 16, 0.25f, 0);
+    Valuator(0xE000004, 16, 0.25f, 0);
+    Valuator(0x8000004, 16, 0.25f, 0);
+    Valuator(0xA000004, 24, 0.25f, 0);
+    Valuator(0xA000004, 10, 0.25f, 0);
     Next_Line(16);
     Slider(0x8000000, 200, 30, 0);
+    for (const float value : {1.0f, 0.25f, 0.001f})
+        Valuator(0xA000000, 120, value, 0);
     Next_Line(24);
     Select(8448, " Frame: ", 0, 0);
     Select(8448, " Frame: ", 249, 0);

@@ -1,5 +1,6 @@
 #include "hostkit/gadgets/opened_list_place.h"
 #include "tests/hostkit/gadgets/widget_fixture.h"
+#include "tests/support/modal_work.h"
 
 #include <functional>
 
@@ -8,33 +9,6 @@ using namespace test;
 // The opened select list, fed with messages while it waits.
 
 namespace {
-
-using Work = std::function<void(HWND list)>;
-
-Work work_to_do;
-
-// The message arrives in the loop of the list, which has the capture.
-LRESULT CALLBACK worker(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
-{
-    if (message != WM_USER)
-        return DefWindowProcA(window, message, wparam, lparam);
-    const HWND list = GetCapture();
-    if (const Work work = std::exchange(work_to_do, {}))
-        work(list);
-    SendMessageA(list, WM_KEYDOWN, VK_ESCAPE, 0); // a list that is still open would wait for ever
-    return 0;
-}
-
-HWND make_worker()
-{
-    WNDCLASSA description{};
-    description.lpfnWndProc = worker;
-    description.hInstance = GetModuleHandleA(nullptr);
-    description.lpszClassName = "Vetra worker";
-    RegisterClassA(&description);
-    return CreateWindowExA(
-        0, "Vetra worker", "", WS_OVERLAPPEDWINDOW, 0, 0, 10, 10, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
-}
 
 SIZE size_of(HWND window)
 {
@@ -48,7 +22,7 @@ protected:
     static constexpr int row = 20;
     static constexpr int width = 160;
 
-    OpenedList() : worker_(make_worker())
+    OpenedList()
     {
         MoveWindow(main_window(), 0, 0, 400, 300, TRUE);
         Place_Widget(select, 30, 260, width, row);
@@ -57,7 +31,6 @@ protected:
         Fill(5);
         select.Draw();
     }
-    ~OpenedList() override { DestroyWindow(worker_); }
 
     void Fill(int count)
     {
@@ -67,14 +40,13 @@ protected:
     }
 
     // Presses the select list and does some work while it is open. @return what was chosen
-    int Open(Work work)
+    int Open(std::function<void(HWND list)> work)
     {
-        work_to_do = std::move(work);
-        PostMessageA(worker_, WM_USER, 0, 0);
+        modal_.post(std::move(work));
         Point(100, 270);
         EXPECT_NE(select.Select(left_press), 0);
         const int chosen = select.Read();
-        EXPECT_FALSE(work_to_do) << "the list did not wait";
+        EXPECT_TRUE(modal_.done()) << "the list did not wait";
         return chosen;
     }
 
@@ -102,7 +74,7 @@ protected:
     Selects select;
 
 private:
-    HWND worker_;
+    Modal_Work modal_;
 };
 
 }
