@@ -6,14 +6,16 @@
 
 #include <cmath>
 #include <exception>
+#include <utility>
 
 using hostkit::Area;
+using hostkit::Round_Step;
 using hostkit::Ticks;
 
 namespace {
 
-constexpr int most_intervals = 10;
 constexpr int tick_length = 4;
+constexpr int label_distance = 1 + tick_length + 3; // from the plot
 
 std::string with_unit(const char* title, const char* unit)
 {
@@ -23,13 +25,20 @@ std::string with_unit(const char* title, const char* unit)
     return text;
 }
 
+// A tick: where it is, counted from the plot's corner, and its number.
+struct Mark {
+    int place;
+    int width; // of the number
+    std::string label;
+};
+
 // What both axes draw with.
 class Axis {
 public:
     Axis(const Boxs& box, const Plot_Area& plot, short font_scale, const char* caller)
         : paint_(box.window, caller), box_(hostkit::area_of(box)), plot_{plot.x, plot.y, plot.width, plot.height},
-          font_(hostkit::Axis_Font(std::max<short>(font_scale, 1))), line_height_(paint_.line_height(font_)),
-          ink_(box.text), line_(hostkit::blend(box.text, box.back, 120)), grid_(hostkit::blend(box.text, box.back, 30))
+          font_(fitting_font(font_scale)), line_height_(paint_.line_height(font_)), ink_(box.text),
+          line_(hostkit::blend(box.text, box.back, 120)), grid_(hostkit::blend(box.text, box.back, 30))
     {
     }
 
@@ -37,9 +46,9 @@ public:
     void draw_y(const std::string& title, double from, double to) const;
 
 private:
-    Ticks x_ticks(double from, double to) const;
-    bool labels_are_apart(const Ticks& ticks, double pixels_per_step) const;
-    int width_of(const std::string& text) const { return paint_.text_width(text, font_); }
+    HFONT fitting_font(short scale) const;
+    std::vector<Mark> marks(double from, double to, Round_Step step, int pixels) const;
+    std::vector<Mark> x_marks(double from, double to) const;
     void write(const Area& area, const std::string& text) const;
 
     hostkit::Paint paint_;
@@ -52,6 +61,19 @@ private:
     Colors grid_;
 };
 
+// The margins do not grow with the font: one that is too large for them yields to a smaller one, so that the titles
+// are there.
+HFONT Axis::fitting_font(short scale) const
+{
+    constexpr short least_scale = 6;
+    const int above = box_.y + box_.height - plot_.y - plot_.height - 1;
+    const int below = (plot_.y - box_.y - label_distance) / 2;
+    HFONT font = hostkit::Axis_Font(std::max(scale, least_scale));
+    while (--scale >= least_scale && paint_.line_height(font) > std::min(above, below))
+        font = hostkit::Axis_Font(scale);
+    return font;
+}
+
 // Leaves out what would leave the box.
 void Axis::write(const Area& area, const std::string& text) const
 {
@@ -61,53 +83,67 @@ void Axis::write(const Area& area, const std::string& text) const
         paint_.text(area, text.c_str(), font_, ink_);
 }
 
-int place_of(double value, double from, double to, int pixels)
+std::vector<Mark> Axis::marks(double from, double to, Round_Step step, int pixels) const
 {
-    return static_cast<int>(std::lround((value - from) / (to - from) * pixels));
+    const Ticks ticks = hostkit::Ticks_In(from, to, step);
+    std::vector<Mark> result;
+    for (std::string& label : hostkit::Tick_Labels(ticks)) {
+        const double share = (Tick_Value(ticks, static_cast<int>(result.size())) - from) / (to - from);
+        const int width = paint_.text_width(label, font_);
+        result.push_back({static_cast<int>(std::lround(share * pixels)), width, std::move(label)});
+    }
+    return result;
+}
+
+// The smallest step of at most ten in the range that leaves `room` pixels a mark.
+Round_Step first_step(double from, double to, double room, int pixels)
+{
+    constexpr double most = 10;
+    return hostkit::Round_Step_Of((to - from) * std::max(1 / most, room / pixels));
 }
 
 // ----------------------------------------------------------------------------------------------------- horizontal
 
-bool Axis::labels_are_apart(const Ticks& ticks, double pixels_per_step) const
+int label_start(const Mark& mark)
 {
-    for (int index = 1; index < ticks.count; ++index) {
-        const int both = width_of(Tick_Label(ticks, index - 1)) + width_of(Tick_Label(ticks, index));
-        if (both / 2 + line_height_ > pixels_per_step)
-            return false;
-    }
-    return true;
+    return mark.place - mark.width / 2;
 }
 
-Ticks Axis::x_ticks(double from, double to) const
+bool are_apart(const std::vector<Mark>& marks, int gap)
 {
-    const double range = to - from;
-    const double least = range * std::max(1.0 / most_intervals, static_cast<double>(line_height_) / plot_.width);
-    for (auto step = hostkit::Round_Step_Of(least);; step = step.next()) {
-        const Ticks ticks = hostkit::Ticks_In(from, to, step);
-        const double length = ticks.count > 1 ? Tick_Value(ticks, 1) - Tick_Value(ticks, 0) : range;
-        if (ticks.count <= 1 || labels_are_apart(ticks, length / range * plot_.width))
-            return ticks;
-    }
+    return std::adjacent_find(marks.begin(), marks.end(), [=](const Mark& one, const Mark& next) {
+        return label_start(one) + one.width + gap > label_start(next);
+    }) == marks.end();
 }
 
-// The numbers begin below the lower half of one at the corner of the other axis.
+std::vector<Mark> Axis::x_marks(double from, double to) const
+{
+    Round_Step step = first_step(from, to, line_height_, plot_.width);
+    std::vector<Mark> result = marks(from, to, step, plot_.width);
+    while (!are_apart(result, line_height_)) {
+        step = step.next();
+        result = marks(from, to, step, plot_.width);
+    }
+    return result;
+}
+
+// The numbers begin below the lower half of one that the other axis may have at the corner.
 void Axis::draw_x(const std::string& title, double from, double to) const
 {
-    const Ticks ticks = x_ticks(from, to);
-    const int labels = plot_.y - std::max(tick_length + 3, line_height_ / 2 + 2) - line_height_;
-    for (int index = 0; index < ticks.count; ++index) {
-        const int x = plot_.x + place_of(Tick_Value(ticks, index), from, to, plot_.width);
+    const int labels_y = plot_.y - std::max(label_distance, line_height_ / 2 + 2) - line_height_;
+    for (const Mark& mark : x_marks(from, to)) {
+        const int x = plot_.x + mark.place;
         paint_.fill({x, plot_.y, 1, plot_.height}, grid_);
         paint_.fill({x, plot_.y - 1 - tick_length, 1, tick_length}, line_);
-        const std::string label = Tick_Label(ticks, index);
-        const int width = width_of(label);
-        write({x - width / 2, labels, width, line_height_}, label);
+        write({plot_.x + label_start(mark), labels_y, mark.width, line_height_}, mark.label);
     }
     paint_.fill({plot_.x - 1, plot_.y - 1, plot_.width + 2, 1}, line_);
-    const int room = labels - box_.y;
+
+    const int room = labels_y - box_.y;
+    const Area& across = paint_.text_width(title, font_) <= plot_.width ? plot_ : box_;
     if (room >= line_height_)
         paint_.centred_text(
-            {plot_.x, box_.y + (room - line_height_) / 2, plot_.width, line_height_}, title.c_str(), font_, ink_);
+            {across.x, box_.y + (room - line_height_) / 2, across.width, line_height_}, title.c_str(), font_, ink_);
 }
 
 // ------------------------------------------------------------------------------------------------------- vertical
@@ -115,22 +151,18 @@ void Axis::draw_x(const std::string& title, double from, double to) const
 // The title stands above the axis, where it is read without turning one's head and leaves the numbers their room.
 void Axis::draw_y(const std::string& title, double from, double to) const
 {
-    const double range = to - from;
-    const double least = range * std::max(1.0 / most_intervals, 2.0 * line_height_ / plot_.height);
-    const Ticks ticks = hostkit::Ticks_In(from, to, hostkit::Round_Step_Of(least));
-    const int right = plot_.x - 1 - tick_length - 3;
-    for (int index = 0; index < ticks.count; ++index) {
-        const int y = plot_.y + place_of(Tick_Value(ticks, index), from, to, plot_.height);
+    const Round_Step step = first_step(from, to, 2 * line_height_, plot_.height);
+    const int labels_end = plot_.x - label_distance;
+    for (const Mark& mark : marks(from, to, step, plot_.height)) {
+        const int y = plot_.y + mark.place;
         paint_.fill({plot_.x, y, plot_.width, 1}, grid_);
         paint_.fill({plot_.x - 1 - tick_length, y, tick_length, 1}, line_);
-        const std::string label = Tick_Label(ticks, index);
-        const int width = width_of(label);
-        write({right - width, y - line_height_ / 2, width, line_height_}, label);
+        write({labels_end - mark.width, y - line_height_ / 2, mark.width, line_height_}, mark.label);
     }
     paint_.fill({plot_.x - 1, plot_.y - 1, 1, plot_.height + 2}, line_);
+
     const int top = plot_.y + plot_.height + 1;
-    const int room = box_.y + box_.height - top;
-    if (room >= line_height_)
+    if (box_.y + box_.height - top >= line_height_)
         paint_.text({plot_.x, top, box_.x + box_.width - plot_.x, line_height_}, title.c_str(), font_, ink_);
 }
 

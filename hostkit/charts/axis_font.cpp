@@ -2,7 +2,9 @@
 
 #include "host/structures.h"
 
+#include <map>
 #include <string>
+#include <utility>
 
 namespace hostkit {
 
@@ -14,26 +16,28 @@ std::string text_of(const char* variable)
     return text ? static_cast<const char*>(text) : "";
 }
 
-struct Kept_Font {
+struct Kept_Fonts {
     std::string name;
     std::string weight;
-    short scale = 0;
-    HFONT font = nullptr;
+    std::map<short, HFONT> by_scale;
 };
 
 }
 
 HFONT Axis_Font(short scale)
 {
-    static Kept_Font& kept = *new Kept_Font;
-    const std::string name = text_of("$INTERFACE_TOOL_FONT_NAME");
-    const std::string weight = text_of("$INTERFACE_TOOL_FONT_WEIGHT");
-    if (kept.font && kept.name == name && kept.weight == weight && kept.scale == scale)
-        return kept.font;
-    if (kept.font)
-        DeleteObject(kept.font);
-    kept = {name, weight, scale, Y_Create_Font(name.c_str(), scale, weight.c_str())};
-    return kept.font;
+    static Kept_Fonts& kept = *new Kept_Fonts;
+    std::string name = text_of("$INTERFACE_TOOL_FONT_NAME");
+    std::string weight = text_of("$INTERFACE_TOOL_FONT_WEIGHT");
+    if (kept.name != name || kept.weight != weight) {
+        for (const auto& [_, font] : kept.by_scale)
+            DeleteObject(font);
+        kept = {std::move(name), std::move(weight), {}};
+    }
+    HFONT& font = kept.by_scale[scale];
+    if (!font)
+        font = Y_Create_Font(kept.name.c_str(), scale, kept.weight.c_str());
+    return font;
 }
 
 }

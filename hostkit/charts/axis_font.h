@@ -4,7 +4,7 @@
 
 namespace hostkit {
 
-/// The font of tool texts in a size of its own, points. It is kept until the variables or the size change.
+/// The font of tool texts in a size of its own, points. It is kept until the variables change.
 HFONT Axis_Font(short scale);
 
 }

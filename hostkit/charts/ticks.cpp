@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 namespace hostkit {
 
@@ -26,7 +27,8 @@ struct Unit {
     int exponent;
     const char* sign;
 };
-constexpr Unit units[] = {{0, ""}, {3, "k"}, {6, "M"}, {9, "G"}};
+constexpr Unit plain{0, ""};
+constexpr Unit units[] = {{3, "k"}, {6, "M"}, {9, "G"}};
 
 // Very large and very small numbers have a power of ten.
 bool is_written_out(Round_Step step)
@@ -41,28 +43,34 @@ std::string written(const Ticks& ticks, int index, const Unit& unit)
     const auto end = is_written_out(ticks.step) ? std::to_chars(text, std::end(text), number, std::chars_format::fixed)
                                                 : std::to_chars(text, std::end(text), number);
     std::string result(text, end.ptr);
+    if (number < 0)
+        result.replace(0, 1, "\u2212"); // as long as a plus, unlike the hyphen
     if (number != 0)
         result += unit.sign;
     return result;
 }
 
-size_t longest(const Ticks& ticks, const Unit& unit)
+std::vector<std::string> written(const Ticks& ticks, const Unit& unit)
+{
+    std::vector<std::string> labels;
+    for (int index = 0; index < ticks.count; ++index)
+        labels.push_back(written(ticks, index, unit));
+    return labels;
+}
+
+size_t longest(const std::vector<std::string>& labels)
 {
     size_t most = 0;
-    for (int index = 0; index < ticks.count; ++index)
-        most = std::max(most, written(ticks, index, unit).size());
+    for (const std::string& label : labels)
+        most = std::max(most, label.size());
     return most;
 }
 
-// The one in which the longest number is shortest.
-const Unit& unit_of(const Ticks& ticks)
+bool may_have_unit(const Ticks& ticks)
 {
     constexpr double readable = 1e5;
-    const double largest = std::max(std::abs(Tick_Value(ticks, 0)), std::abs(Tick_Value(ticks, ticks.count - 1)));
-    if (largest < readable || !is_written_out(ticks.step))
-        return units[0];
-    return *std::min_element(std::begin(units), std::end(units),
-        [&](const Unit& one, const Unit& other) { return longest(ticks, one) < longest(ticks, other); });
+    const double last = Tick_Value(ticks, ticks.count - 1);
+    return is_written_out(ticks.step) && std::max(std::abs(Tick_Value(ticks, 0)), std::abs(last)) >= readable;
 }
 
 }
@@ -101,9 +109,16 @@ double Tick_Value(const Ticks& ticks, int index)
     return times_step(ticks.first + index, ticks.step, 0);
 }
 
-std::string Tick_Label(const Ticks& ticks, int index)
+std::vector<std::string> Tick_Labels(const Ticks& ticks)
 {
-    return written(ticks, index, unit_of(ticks));
+    std::vector<std::string> shortest = written(ticks, plain);
+    if (!may_have_unit(ticks))
+        return shortest;
+    for (const Unit& unit : units) {
+        if (std::vector<std::string> labels = written(ticks, unit); longest(labels) < longest(shortest))
+            shortest = std::move(labels);
+    }
+    return shortest;
 }
 
 }

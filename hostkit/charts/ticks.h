@@ -3,6 +3,7 @@
 #include "host/charts.h"
 
 #include <string>
+#include <vector>
 
 /// Round numbers on an axis.
 namespace hostkit {
@@ -12,7 +13,7 @@ struct Round_Step {
     int digit = 1;
     int exponent = 0;
 
-    Round_Step next() const; ///< the next larger one
+    CHARTS_API Round_Step next() const; ///< the next larger one
     bool operator==(const Round_Step&) const = default;
 };
 
@@ -32,8 +33,8 @@ CHARTS_API Ticks Ticks_In(double from, double to, Round_Step step);
 /// The value of a tick, 0 <= index < count: the number nearest to the decimal that is meant.
 CHARTS_API double Tick_Value(const Ticks& ticks, int index);
 
-/// What is written at a tick: as few characters as tell it exactly. From 100,000 on in thousands (k), millions (M) or
-/// billions (G), all ticks alike, when that is shorter.
-CHARTS_API std::string Tick_Label(const Ticks& ticks, int index);
+/// What is written at the ticks: as few characters as tell the values exactly. From 100,000 on in thousands (k),
+/// millions (M) or billions (G), all ticks alike, where that is shorter. UTF-8, with a true minus.
+CHARTS_API std::vector<std::string> Tick_Labels(const Ticks& ticks);
 
 }
