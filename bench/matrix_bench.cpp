@@ -6,14 +6,27 @@
 #include <cmath>
 #include <vector>
 
-// The matrix work of one step of a fit: 20 peaks spread evenly over the rows, three columns a peak, each of them zero
+// The matrix work of one step of a fit: peaks spread evenly over the rows, three columns a peak, each of them zero
 // beyond 10 widths.
 namespace {
 
-constexpr int peaks = 20;
-constexpr int parameters = 3 * peaks;
 constexpr double width = 8.0;
 constexpr int reach = static_cast<int>(10 * width);
+
+struct Problem {
+    int rows;
+    int peaks;
+
+    explicit Problem(const benchmark::State& state)
+        : rows(static_cast<int>(state.range(0))), peaks(static_cast<int>(state.range(1)))
+    {
+    }
+
+    unsigned columns() const { return 3 * static_cast<unsigned>(peaks); }
+    Matrix_NxM zeros() const { return {columns(), static_cast<unsigned>(rows), sizeof(double)}; }
+    Matrix_NxM jacobian() const;
+    Vector_N residual() const;
+};
 
 struct Slopes {
     double values[3];
@@ -33,26 +46,23 @@ const std::vector<Slopes>& slopes()
     return table;
 }
 
-void fill(Matrix_NxM& jacobian, int rows)
+Matrix_NxM Problem::jacobian() const
 {
+    Matrix_NxM matrix = zeros();
     for (int peak = 0; peak < peaks; ++peak) {
         const int center = (2 * peak + 1) * rows / (2 * peaks);
         for (int x = std::max(center - reach, 0); x <= std::min(center + reach, rows - 1); ++x)
-            std::copy_n(slopes()[static_cast<size_t>(x - center + reach)].values, 3, jacobian[x] + 3 * peak);
+            std::copy_n(slopes()[static_cast<size_t>(x - center + reach)].values, 3, matrix[x] + 3 * peak);
     }
+    return matrix;
 }
 
-Vector_N residuals(int rows)
+Vector_N Problem::residual() const
 {
     Vector_N vector(static_cast<unsigned>(rows), sizeof(double));
     for (int x = 0; x < rows; ++x)
         vector[x] = x % 7 - 3.0;
     return vector;
-}
-
-Matrix_NxM jacobian_of(int rows)
-{
-    return {parameters, static_cast<unsigned>(rows), sizeof(double)};
 }
 
 Vector_N step(const Matrix_NxM& jacobian, const Vector_N& residual)
@@ -64,12 +74,11 @@ Vector_N step(const Matrix_NxM& jacobian, const Vector_N& residual)
 
 void Step(benchmark::State& state)
 {
-    const auto rows = static_cast<int>(state.range(0));
-    const Vector_N residual = residuals(rows);
+    const Problem problem(state);
+    const Vector_N residual = problem.residual();
     for (auto _ : state) {
         state.PauseTiming();
-        Matrix_NxM jacobian = jacobian_of(rows);
-        fill(jacobian, rows);
+        Matrix_NxM jacobian = problem.jacobian();
         state.ResumeTiming();
         benchmark::DoNotOptimize(step(jacobian, residual).Size());
         state.PauseTiming();
@@ -77,51 +86,51 @@ void Step(benchmark::State& state)
         state.ResumeTiming();
     }
 }
-BENCHMARK(Step)->Arg(4096)->Arg(65535)->Unit(benchmark::kMicrosecond);
 
 void StepWithItsJacobian(benchmark::State& state)
 {
-    const auto rows = static_cast<int>(state.range(0));
-    const Vector_N residual = residuals(rows);
-    for (auto _ : state) {
-        Matrix_NxM jacobian = jacobian_of(rows);
-        fill(jacobian, rows);
-        benchmark::DoNotOptimize(step(jacobian, residual).Size());
-    }
+    const Problem problem(state);
+    const Vector_N residual = problem.residual();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(step(problem.jacobian(), residual).Size());
 }
-BENCHMARK(StepWithItsJacobian)->Arg(4096)->Arg(65535)->Unit(benchmark::kMicrosecond);
 
 void Square(benchmark::State& state)
 {
-    const auto rows = static_cast<int>(state.range(0));
-    Matrix_NxM jacobian = jacobian_of(rows);
-    fill(jacobian, rows);
+    const Matrix_NxM jacobian = Problem(state).jacobian();
     for (auto _ : state)
         benchmark::DoNotOptimize((~jacobian * jacobian).Invalid());
 }
-BENCHMARK(Square)->Arg(4096)->Arg(65535)->Unit(benchmark::kMicrosecond);
 
-void SquareOfWhole(benchmark::State& state)
+void SquareWithoutZeros(benchmark::State& state)
 {
-    const auto rows = static_cast<int>(state.range(0));
-    Matrix_NxM matrix = jacobian_of(rows);
-    for (int x = 0; x < rows; ++x)
-        std::fill_n(matrix[x], parameters, 1.0 + x % 3);
+    const Problem problem(state);
+    Matrix_NxM matrix = problem.zeros();
+    for (int x = 0; x < problem.rows; ++x)
+        std::fill_n(matrix[x], problem.columns(), 1.0 + x % 3);
     for (auto _ : state)
         benchmark::DoNotOptimize((~matrix * matrix).Invalid());
 }
-BENCHMARK(SquareOfWhole)->Arg(4096)->Unit(benchmark::kMicrosecond);
 
 void Inverse(benchmark::State& state)
 {
-    const int rows = 4096;
-    Matrix_NxM jacobian = jacobian_of(rows);
-    fill(jacobian, rows);
+    const Matrix_NxM jacobian = Problem(state).jacobian();
     const Matrix_NxM square = ~jacobian * jacobian;
     for (auto _ : state)
         benchmark::DoNotOptimize((!square).Invalid());
 }
-BENCHMARK(Inverse)->Unit(benchmark::kMicrosecond);
+
+void sizes(benchmark::internal::Benchmark* measured)
+{
+    measured->ArgNames({"rows", "peaks"})->Unit(benchmark::kMicrosecond);
+    measured->Args({4096, 20})->Args({65535, 20})->Args({4096, 100});
+}
+
+BENCHMARK(Step)->Apply(sizes);
+BENCHMARK(StepWithItsJacobian)->Apply(sizes);
+BENCHMARK(Square)->Apply(sizes);
+BENCHMARK(SquareWithoutZeros)->Args({4096, 20})->Unit(benchmark::kMicrosecond);
+BENCHMARK(Inverse)->Args({4096, 20})->Args({4096, 100})->Unit(benchmark::kMicrosecond);
 
 }
 

@@ -37,14 +37,17 @@ void for_each_bin(const Histo_Peak& peak, int n, Function function)
         function(x, histo::shape_at(x, *peak.param));
 }
 
-// Of the peaks as they were found: what is fitted afterwards does not change it any more.
-void make_sum(Histo_Peaks* peaks, int n)
+// Of the peaks as they were found: what is fitted afterwards does not change it any more. False without memory.
+bool make_sum(Histo_Peaks* peaks, int n)
 {
     delete[] peaks->sum;
     peaks->sum = new (std::nothrow) float[static_cast<size_t>(n)]();
-    for (const Histo_Peak* peak = peaks->head; peaks->sum && peak; peak = peak->next)
+    if (!peaks->sum)
+        return false;
+    for (const Histo_Peak* peak = peaks->head; peak; peak = peak->next)
         for_each_bin(*peak, n,
             [&](int x, const histo::Shape_Point& shape) { peaks->sum[x] += static_cast<float>(shape.value); });
+    return true;
 }
 
 unsigned count_parameters(const Histo_Peaks* peaks)
@@ -196,7 +199,8 @@ double failed(const char* why)
 double Gauss_Newton(Histo_Peaks* peaks, unsigned short n, const double* data, double limit)
 {
     constexpr int most_iterations = 10;
-    make_sum(peaks, n);
+    if (!make_sum(peaks, n))
+        return 0.0;
     double before = 0.0, error = 0.0;
     int iteration = 0;
     for (; iteration < most_iterations; ++iteration) {

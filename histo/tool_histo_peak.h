@@ -90,5 +90,5 @@ double* Peak_Sample(int n, Vector_N* param);
 /// Fits the sum of the peaks to the data by Gauss-Newton steps within the peaks' bounds, and deletes peaks that
 /// collapse, spread or come too close to a neighbour.
 /// @param limit  of the change of the sum of squares, below which it has converged
-/// @return the mean square error in percent; 0 when the fit failed (reported)
+/// @return the mean square error in percent; 0 when the fit failed (reported, unless there is no memory for the sum)
 double Gauss_Newton(Histo_Peaks* peaks, unsigned short n, const double* data, double limit);

@@ -80,7 +80,7 @@ double* Matrix_NxM::operator[](int row)
 {
     if (storage_ && (transposed_ || storage_->is_shared() || storage_->inverse()))
         *this = Matrix_NxM(own_elements_of(storage_, transposed_).release());
-    return storage_ ? storage_->row(static_cast<size_t>(row)) : nullptr;
+    return storage_ ? storage_->written_row(static_cast<size_t>(row)) : nullptr;
 }
 
 Matrix_NxM Matrix_NxM::operator~() const

@@ -3,7 +3,6 @@
 #include "hostkit/basics/matrix_view.h"
 
 #include <new>
-#include <utility>
 
 namespace hostkit {
 
@@ -62,7 +61,7 @@ Matrix_Storage::Owner Copy_Of(const Matrix_Storage& matrix)
     for (size_t strip = 0; strip < matrix.strips(); ++strip) {
         const auto [first, end] = matrix.span(strip);
         for (size_t y = matrix.first_row(strip); first < end && y < matrix.end_row(strip); ++y)
-            std::copy(matrix.row(y) + first, matrix.row(y) + end, copy->row(y) + first);
+            std::copy(matrix.row(y) + first, matrix.row(y) + end, copy->written_row(y) + first);
     }
     return copy;
 }
@@ -98,8 +97,8 @@ Matrix_Storage::Owner Square_Of(Matrix_Storage& matrix)
     for (size_t strip = 0; strip < matrix.strips(); ++strip) {
         const auto span = matrix.span(strip);
         for (size_t y = span.first; y < span.end; ++y)
-            weighted_rows(matrix, strip, std::as_const(matrix).row(matrix.first_row(strip)) + y, matrix.columns())
-                .add(y, span.end, square->row(y));
+            weighted_rows(matrix, strip, matrix.row(matrix.first_row(strip)) + y, matrix.columns())
+                .add(y, span.end, square->written_row(y));
     }
     mirror_upper_triangle(*square);
     return square;

@@ -119,7 +119,7 @@ bool Matrix_Storage::settle()
     return true;
 }
 
-double* Matrix_Storage::all_rows()
+double* Matrix_Storage::written_rows()
 {
     std::fill_n(spans_, strips(), Span{0, static_cast<unsigned>(columns_)});
     return elements_;
@@ -131,14 +131,15 @@ Matrix_Storage::Span Matrix_Storage::tightened(size_t strip) const
     constexpr unsigned width = 8;
     const Span span = spans_[strip];
     Span tight{span.end, span.first};
-    for (unsigned column = span.first; column < span.end; column += width) {
+    for (unsigned column = span.first, count = 0; column < span.end; column += count) {
         std::uint64_t bits[width] = {};
         for (size_t y = first_row(strip); y < end_row(strip); ++y) {
             const double* part = row(y) + column;
             for (unsigned i = 0; i < width; ++i)
                 bits[i] |= std::bit_cast<std::uint64_t>(part[i]);
         }
-        for (unsigned i = 0; i < std::min(width, span.end - column); ++i) {
+        count = std::min(width, span.end - column);
+        for (unsigned i = 0; i < count; ++i) {
             if (bits[i] != 0) {
                 tight.first = std::min(tight.first, column + i);
                 tight.end = column + i + 1;

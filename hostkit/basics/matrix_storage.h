@@ -25,8 +25,6 @@ public:
     struct Span {
         unsigned first;
         unsigned end;
-
-        bool operator==(const Span&) const = default;
     };
 
     struct Release {
@@ -54,23 +52,24 @@ public:
     /// Computes the elements, if need be. @return whether they are there
     bool settle();
 
+    const double* row(size_t index) const { return elements_ + index * columns_; }
+
     /// One row, to be written.
-    double* row(size_t index)
+    double* written_row(size_t index)
     {
         spans_[index / strip_rows] = {0, static_cast<unsigned>(columns_)};
         return elements_ + index * columns_;
     }
-    const double* row(size_t index) const { return elements_ + index * columns_; }
 
     /// The first row, all of them to be written.
-    double* all_rows();
+    double* written_rows();
 
     size_t strips() const { return strips_of(rows_); }
     size_t first_row(size_t strip) const { return strip * strip_rows; }
     size_t end_row(size_t strip) const { return std::min((strip + 1) * strip_rows, rows_); }
     Span span(size_t strip) const { return spans_[strip]; }
 
-    /// Looks which columns are zero in every strip that was asked for since.
+    /// Narrows the spans to what is not zero now.
     void tighten();
 
     Matrix_Storage(const Matrix_Storage&) = delete;
@@ -80,12 +79,13 @@ private:
     Matrix_Storage() = default;
     ~Matrix_Storage();
 
+    static size_t strips_of(size_t rows) { return (rows + strip_rows - 1) / strip_rows; }
+
     static Owner make_fresh(size_t columns, size_t rows);
     bool reset(size_t columns, size_t rows);
     void clear();
     void release();
     void keep();
-    static size_t strips_of(size_t rows) { return (rows + strip_rows - 1) / strip_rows; }
     Span tightened(size_t strip) const;
 
     size_t owners_ = 1; // who shares it shares a thread

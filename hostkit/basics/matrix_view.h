@@ -19,7 +19,8 @@ inline Matrix_View View_Of(const Matrix_Storage& matrix)
 /// The same, all of them to be written.
 inline Written_Matrix_View Written_View_Of(Matrix_Storage& matrix)
 {
-    return {matrix.all_rows(), static_cast<Eigen::Index>(matrix.rows()), static_cast<Eigen::Index>(matrix.columns())};
+    return {
+        matrix.written_rows(), static_cast<Eigen::Index>(matrix.rows()), static_cast<Eigen::Index>(matrix.columns())};
 }
 
 }

@@ -1,3 +1,4 @@
+#include "hostkit/gadgets/keys.h"
 #include "hostkit/gadgets/paint.h"
 #include "hostkit/gadgets/select_chooser.h"
 
@@ -7,6 +8,7 @@
 using hostkit::Area;
 using hostkit::blend;
 using hostkit::Paint;
+namespace keys = hostkit::keys;
 
 namespace {
 
@@ -28,19 +30,19 @@ int moved_by_key(int key, int index, int last)
 {
     constexpr int page = 10;
     switch (key) {
-    case 2081: // Page Up
+    case keys::page_up:
         return index - page;
-    case 2082: // Page Down
+    case keys::page_down:
         return index + page;
-    case 2083: // End
+    case keys::end:
         return last;
-    case 2084: // Home
+    case keys::home:
         return 0;
-    case 2085: // Left
-    case 2094: // Delete
+    case keys::left:
+    case keys::delete_forward:
         return index - 1;
-    case 2087: // Right
-    case 2093: // Insert
+    case keys::right:
+    case keys::insert:
         return index + 1;
     default:
         return index;
@@ -86,7 +88,7 @@ void Selects::Draw()
     const Colors face = blend(text, back, greyed ? 6 : highlight_ ? 40 : 16);
     const Colors ink = greyed ? blend(text, back, 90) : text;
     paint.fill(area, face);
-    paint.frame(area, std::min<int>(border, BORDER), greyed ? blend(frame, back, 128) : frame);
+    paint.frame(area, std::min<int>(border, BORDER), greyed ? blend(frame, back, 90) : frame);
     const Area inside = area.inset(3);
     const int arrow_x = inside.x + inside.width - arrow;
     const int caption_width = std::min(paint.text_width(name.get(), font), arrow_x - inside.x);

@@ -1,3 +1,4 @@
+#include "hostkit/gadgets/keys.h"
 #include "hostkit/gadgets/paint.h"
 #include "hostkit/gadgets/text_editing.h"
 
@@ -11,17 +12,10 @@ using hostkit::Area;
 using hostkit::blend;
 using hostkit::Paint;
 
+namespace keys = hostkit::keys;
+
 namespace {
 
-constexpr int backspace = 8;
-constexpr int enter = 13;
-constexpr int escape = 27;
-constexpr int first_navigation_key = 2081;
-constexpr int end_key = 2083;
-constexpr int home_key = 2084;
-constexpr int left_key = 2085;
-constexpr int right_key = 2087;
-constexpr int delete_key = 2094;
 constexpr int is_active_question = 1;
 constexpr int margin = 5;
 
@@ -29,7 +23,7 @@ enum Finished : unsigned char { editing, finished, cancelled };
 
 bool is_printable(int key)
 {
-    const bool navigation = key >= first_navigation_key && key <= delete_key;
+    const bool navigation = key >= keys::page_up && key <= keys::delete_forward;
     const bool half_of_a_pair = key >= 0xd800 && key <= 0xdfff;
     const bool control = key < 32 || (key >= 127 && key < 160);
     return !control && key <= 0x10ffff && !navigation && !half_of_a_pair;
@@ -84,13 +78,13 @@ char* Texts::Update()
 
 void Texts::Input(int key)
 {
-    if (key == escape || key == enter)
+    if (key == keys::escape || key == keys::enter)
         hostkit::Forget_Text(this);
-    if (key == escape) {
+    if (key == keys::escape) {
         content_ = loaded_;
         caret_ = anchor_ = static_cast<int>(std::strlen(content_.get()));
         finished_ = cancelled;
-    } else if (key == enter) {
+    } else if (key == keys::enter) {
         finished_ = finished;
     } else {
         Edit(key);
@@ -106,22 +100,22 @@ void Texts::Edit(int key)
     const bool selected = from != to;
     const bool drops_selection = selected && !getkey(VK_SHIFT);
     switch (key) {
-    case backspace:
+    case keys::backspace:
         Replace(selected ? from : hostkit::previous_character(present, caret_), to, "");
         return;
-    case delete_key:
+    case keys::delete_forward:
         Replace(from, selected ? to : hostkit::next_character(present, caret_), "");
         return;
-    case left_key:
+    case keys::left:
         Move_Caret(drops_selection ? from : hostkit::previous_character(present, caret_));
         return;
-    case right_key:
+    case keys::right:
         Move_Caret(drops_selection ? to : hostkit::next_character(present, caret_));
         return;
-    case home_key:
+    case keys::home:
         Move_Caret(0);
         return;
-    case end_key:
+    case keys::end:
         Move_Caret(static_cast<int>(std::strlen(present)));
         return;
     default:

@@ -318,16 +318,27 @@ HICON LoadIconA(HINSTANCE, LPCSTR)
     return nullptr;
 }
 
+namespace {
+
+// The wait cursor is shown whatever window the pointer is over, the others by the window under it.
+void show_cursor(HCURSOR cursor, HCURSOR before)
+{
+    const HCURSOR wait = LoadCursorA(nullptr, IDC_WAIT);
+    if (cursor == wait && before != wait)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else if (cursor != wait && before == wait)
+        QGuiApplication::restoreOverrideCursor();
+    if (auto* window = dynamic_cast<Window*>(QApplication::widgetAt(QCursor::pos())); window && cursor != wait)
+        window->setCursor(cursor_shape(reinterpret_cast<std::uintptr_t>(cursor)));
+}
+
+}
+
 HCURSOR SetCursor(HCURSOR cursor)
 {
     static HCURSOR shown = nullptr;
-    const HCURSOR wait = LoadCursorA(nullptr, IDC_WAIT);
-    if (cursor == wait && shown != wait)
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor); // whatever window the pointer is over
-    else if (cursor != wait && shown == wait)
-        QGuiApplication::restoreOverrideCursor();
-    if (auto* window = dynamic_cast<Window*>(QApplication::widgetAt(QCursor::pos())))
-        window->setCursor(cursor_shape(reinterpret_cast<std::uintptr_t>(cursor)));
+    if (QCoreApplication::instance())
+        show_cursor(cursor, shown);
     return std::exchange(shown, cursor);
 }
 

@@ -36,12 +36,7 @@ void set_brushes(std::initializer_list<unsigned short> radii)
 
 }
 
-BrushPanel::BrushPanel()
-{
-    reference_window_ = CreateWindowExA(
-        0, "Vetra test", "", WS_OVERLAPPEDWINDOW, 0, 0, 800, 800, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
-    ShowWindow(reference_window_, SW_SHOW);
-}
+BrushPanel::BrushPanel() : reference_window_(make_reference_window()) {}
 
 BrushPanel::~BrushPanel()
 {
@@ -50,16 +45,7 @@ BrushPanel::~BrushPanel()
 
 void BrushPanel::lay_out(Tool_Brush& panel, Extent place, short border)
 {
-    area.window = main_window();
-    area.x = static_cast<short>(place.x);
-    area.y = static_cast<short>(place.y);
-    area.width = static_cast<short>(place.width);
-    area.height = static_cast<short>(place.height);
-    area.border = border;
-    area.state = 66;
-    area.frame = {0x20, 0x60, 0xa0};
-    area.back = {0x18, 0x1c, 0x24};
-    area.text = {0xe8, 0xe0, 0xd0};
+    set_area(area, main_window(), place, 66, border);
     EXPECT_EQ(panel.Resize(&area), 1);
     panel.Draw();
     reports.clear();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/tools/tag_panel_fixture.h"
+#include "tests/tools/grid_panel_fixture.h"
 #include "tools/tool_brush.h"
 
 #include <initializer_list>

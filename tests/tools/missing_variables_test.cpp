@@ -5,11 +5,14 @@
 #include "hostkit/basics/report.h"
 #include "tests/tools/own_registry.h"
 #include "tools/tool_brush.h"
+#include "tools/tool_marker.h"
+#include "tools/tool_propagate.h"
 #include "tools/tool_tag.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <utility>
 #include <vector>
 
 using namespace own_registry;
@@ -84,7 +87,6 @@ protected:
             panel.Scroll(1);
         }
         panel.Leave();
-        EXPECT_EQ(panel.Read(), 0);
         EXPECT_TRUE(take_sent().empty());
         EXPECT_EQ(reported_errors, 0);
         EXPECT_TRUE(asked_to_create().empty()) << "these panels create no variables";
@@ -98,7 +100,7 @@ protected:
 
 // In order: the panels keep addresses for the life of the process.
 
-TEST_F(MissingVariables, NeitherPanelNeedsAnyVariable)
+TEST_F(MissingVariables, NoPanelNeedsAnyVariable)
 {
     Tool_Tag tags;
     EXPECT_EQ(tags.Height(4), 5);
@@ -106,6 +108,17 @@ TEST_F(MissingVariables, NeitherPanelNeedsAnyVariable)
     Tool_Brush brushes;
     EXPECT_EQ(brushes.Height(), 8);
     send_everything(brushes);
+    Tool_Marker markers;
+    EXPECT_EQ(markers.Height(4), 5);
+    send_everything(markers);
+    for (const int index : {tags.Read(), brushes.Read(), markers.Read()})
+        EXPECT_EQ(index, 0);
+    Tool_Propagate propagate;
+    EXPECT_EQ(propagate.Height(), 0);
+    propagate.Set([](void*, void*) { return 1; });
+    send_everything(propagate);
+    EXPECT_EQ(propagate.Propagate(1), 0);
+    EXPECT_EQ(propagate.Propagate(-1), 0);
 }
 
 TEST_F(MissingVariables, ACountWithoutAnyArrayShowsNumbers)
@@ -120,6 +133,13 @@ TEST_F(MissingVariables, ACountWithoutAnyArrayShowsNumbers)
     tags.Update(~0ull);
     EXPECT_EQ(tags.Click(66), -1);
     EXPECT_EQ(tags.Keyboard('a'), 0) << "no names to write into";
+    define_number("$MARKER_NB", 16);
+    Tool_Marker markers;
+    ASSERT_EQ(markers.Resize(&area), 1);
+    EXPECT_EQ(markers.Click(18), 12);
+    markers.Update(~0ull);
+    EXPECT_EQ(markers.Click(66), -1);
+    EXPECT_EQ(markers.Keyboard('a'), 0);
     define_number("$BRUSH_NB", 4);
     Tool_Brush brushes;
     ASSERT_EQ(brushes.Resize(&area), 1);
@@ -148,6 +168,22 @@ TEST_F(MissingVariables, VariablesThatComeLaterAreFound)
     EXPECT_EQ(take_sent(), std::vector{0x800000000000ull});
     tags.Update(1ull << 22);
     EXPECT_EQ(tags.Read(), 3);
+}
+
+TEST_F(MissingVariables, MarkerNamesThatComeLaterAreFoundAndTheirTypeIsAskedFor)
+{
+    static char* names[16] = {};
+    define_array("$MARKER_LABEL", names);
+    Tool_Marker markers;
+    ASSERT_EQ(markers.Resize(&area), 1);
+    point_at(54, 15);
+    EXPECT_EQ(markers.Click(66), -1);
+    EXPECT_EQ(markers.Keyboard('b'), 1);
+    EXPECT_TRUE(asked_for_type());
+    EXPECT_EQ(markers.Keyboard(13), 1);
+    EXPECT_STREQ(names[12], "12b");
+    std::free(std::exchange(names[12], nullptr));
+    EXPECT_EQ(take_sent(), std::vector{0x800000000000ull});
 }
 
 TEST_F(MissingVariables, ShapesAreBuiltOnceTheirGridsAreThere)

@@ -8,7 +8,7 @@
 
 namespace {
 
-enum class Kind { number, dimension, array, floats };
+enum class Kind { number, dimension, byte, array, floats };
 
 struct Cell {
     alignas(8) unsigned char bytes[16] = {};
@@ -26,6 +26,9 @@ struct Cell {
 std::map<std::string, Cell> cells;
 std::vector<unsigned long long> sent;
 std::set<std::string> to_create;
+bool type_asked = false;
+int shown_index = -1;
+std::function<void(const own_registry::Changed_Child&)> change_child_listener;
 
 template <class T>
 void define(const char* name, Kind kind, T value)
@@ -47,6 +50,11 @@ void define_number(const char* name, unsigned short number)
 void define_dimension(const char* name, short pixels)
 {
     define(name, Kind::dimension, pixels);
+}
+
+void define_byte(const char* name, unsigned char byte)
+{
+    define(name, Kind::byte, byte);
 }
 
 void define_array(const char* name, void* first)
@@ -74,6 +82,11 @@ std::vector<std::string> asked_to_create()
     return {to_create.begin(), to_create.end()};
 }
 
+bool asked_for_type()
+{
+    return type_asked;
+}
+
 }
 
 void* Fct_Variable_Value(const char* name, int*, unsigned short*, int (**)(void))
@@ -87,13 +100,16 @@ void* Fct_Variable_Value(const char* name, int*, unsigned short*, int (**)(void)
         return reinterpret_cast<void*>(intptr_t{cell.as<unsigned short>()});
     case Kind::dimension:
         return reinterpret_cast<void*>(intptr_t{cell.as<short>()});
+    case Kind::byte:
+        return reinterpret_cast<void*>(intptr_t{cell.as<unsigned char>()});
     default:
         return cell.as<void*>();
     }
 }
 
-void* Fct_Variable_Get(const char* name, int*, unsigned short*, int (**)(void), char flag)
+void* Fct_Variable_Get(const char* name, int* type, unsigned short*, int (**)(void), char flag)
 {
+    type_asked = type != nullptr;
     if (flag != 0)
         to_create.insert(name);
     const auto found = cells.find(name);
@@ -107,31 +123,103 @@ void Fct_Update(unsigned long long flags, void*, void*, Region_2D*)
 
 void Fct_Redraw(unsigned long long, void*, void*, Region_2D*) {}
 
-// A host without objects.
+void Fct_Change_Child(Strato_Window* window, Strato_2D* shown, Strato_2D* before)
+{
+    if (change_child_listener)
+        change_child_listener({window, shown, before});
+}
 
-void Fct_Change_Child(Strato_Window*, Strato_2D*, Strato_2D*) {}
+// ------------------------------------------------------------------------------------------------------ objects
+
+struct Strato::Record {
+    unsigned number = 0;
+    Strato_2D* parent = nullptr;
+    std::vector<Strato_2D*> children;
+};
+
+Strato::Strato(Record* record) : record_(record) {}
+Strato::~Strato() = default;
 
 unsigned Strato::Class_B_Get() const
 {
-    return 0;
+    return record_->number;
 }
 
 int Strato_2D::Child_Get_Nb() const
 {
-    return 0;
+    return static_cast<int>(record()->children.size());
 }
 
-Strato_2D* Strato_2D::Child_Get_Pt(int) const
+Strato_2D* Strato_2D::Child_Get_Pt(int index) const
 {
-    return nullptr;
+    return index >= 0 && index < Child_Get_Nb() ? record()->children[static_cast<size_t>(index)] : nullptr;
 }
 
 Strato_2D* Strato_2D::Parent_Get_Pt() const
 {
-    return nullptr;
+    return record()->parent;
 }
 
 int Strato_2D::Child_Get_Cur(Strato_Window*) const
 {
-    return -1;
+    return shown_index;
+}
+
+namespace {
+
+struct Made_Object final : Strato_2D {
+    explicit Made_Object(Record* record) : Strato_2D(record) {}
+    ~Made_Object() = default;
+};
+
+struct Made_Window final : Strato_Window {
+    explicit Made_Window(Record* record) : Strato_Window(record) {}
+    ~Made_Window() = default;
+};
+
+// Never given back, as nobody can know who still names an object.
+template <class Object>
+Object* make(unsigned number)
+{
+    static auto& kept = *new std::vector<Object*>;
+    auto* const record = new Strato::Record;
+    record->number = number;
+    kept.push_back(new Object(record));
+    return kept.back();
+}
+
+}
+
+namespace own_registry {
+
+Strato_2D* make_series(int frames)
+{
+    Strato_2D* const series = make<Made_Object>(0);
+    for (int i = 0; i < frames; ++i) {
+        series->record()->children.push_back(make<Made_Object>(0));
+        series->record()->children.back()->record()->parent = series;
+    }
+    return series;
+}
+
+void cut_series(Strato_2D* series, int frames)
+{
+    series->record()->children.resize(static_cast<size_t>(frames));
+}
+
+Strato_Window* make_window(unsigned number)
+{
+    return make<Made_Window>(number);
+}
+
+void set_shown_index(int index)
+{
+    shown_index = index;
+}
+
+void on_change_child(std::function<void(const Changed_Child&)> listener)
+{
+    change_child_listener = std::move(listener);
+}
+
 }

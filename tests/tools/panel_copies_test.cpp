@@ -1,4 +1,7 @@
 #include "tests/tools/brush_panel_fixture.h"
+#include "tests/tools/marker_panel_fixture.h"
+#include "tests/tools/propagate_panel_fixture.h"
+#include "tests/tools/tag_panel_fixture.h"
 
 #include <memory>
 #include <optional>
@@ -161,4 +164,67 @@ TEST_F(BrushPanel, ButtonsLiveAsLongAsTheLastCopy)
     copy.reset();
     EXPECT_EQ(click_on(assigned, 1), 1);
     assigned.Update(everything);
+}
+
+TEST_F(MarkerPanel, CopiesShareTheirButtons)
+{
+    auto panel = std::make_unique<Tool_Marker>();
+    lay_out(*panel);
+    Tool_Marker copy(*panel);
+    set_current(5);
+    copy.Update(current_tag);
+    cover(main_window());
+    panel->Draw();
+    EXPECT_TRUE(shows(5, current(5)));
+    EXPECT_EQ(copy.Read(), 5);
+    EXPECT_EQ(panel->Read(), 0);
+    Tool_Marker assigned;
+    assigned = copy;
+    Tool_Marker& same = assigned;
+    assigned = same;
+    panel.reset();
+    EXPECT_EQ(click_on(assigned, 9), 9);
+    EXPECT_EQ(assigned.Read(), 9);
+    EXPECT_EQ(copy.Read(), 5);
+}
+
+TEST_F(MarkerPanel, ACopyContinuesAnEdit)
+{
+    Tool_Marker panel;
+    lay_out(panel);
+    click_on(panel, 6, right_press);
+    Tool_Marker copy(panel);
+    copy.Keyboard('a');
+    EXPECT_EQ(copy.Keyboard(enter), 1);
+    EXPECT_EQ(label_text(6), "6a");
+}
+
+TEST_F(PropagatePanel, ACopyKnowsFramesAndFunctionAndHasWidgetsOfItsOwn)
+{
+    auto panel = std::make_unique<Tool_Propagate>();
+    prepare(*panel);
+    Tool_Propagate copy(*panel);
+    Tool_Propagate assigned;
+    assigned = copy;
+    Tool_Propagate& same = assigned;
+    assigned = same;
+    EXPECT_EQ(panel->Propagate(1), 1);
+    EXPECT_EQ(panel->Propagate(1), 1);
+    EXPECT_EQ(panel->Propagate(1), 0);
+    panel.reset();
+    EXPECT_EQ(copy.Propagate(1), 1) << "its list still names the third frame";
+    EXPECT_EQ(calls.back(), (Call{frames[2], frames[3]}));
+    EXPECT_EQ(press_down(assigned), 1);
+    EXPECT_EQ(calls.back(), (Call{frames[2], frames[1]}));
+    assigned.Draw();
+    EXPECT_TRUE(shows_list(1));
+}
+
+TEST_F(PropagatePanel, ACopyOfAPanelWithoutLayoutIsOneToo)
+{
+    const Tool_Propagate panel;
+    Tool_Propagate copy(panel);
+    EXPECT_EQ(copy.Click(left_press), 0);
+    prepare(copy);
+    EXPECT_EQ(press_up(copy), 1);
 }

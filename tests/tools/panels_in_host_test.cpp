@@ -1,5 +1,10 @@
+#include "hostkit/gadgets/select_chooser.h"
+#include "hostkit/structures/tree.h"
+#include "tests/support/modal_work.h"
 #include "tests/support/panel_host.h"
 #include "tools/tool_brush.h"
+#include "tools/tool_marker.h"
+#include "tools/tool_propagate.h"
 #include "tools/tool_tag.h"
 
 using namespace test;
@@ -209,4 +214,165 @@ TEST_F(PanelsInHost, GreyingATagClearsTheVisibleButtonsAndUngreyingDoesNot)
     hostkit::Tag_Lock(6, false);
     slot.panel().Update(locks);
     EXPECT_EQ(pixel(slot.window(), in_editor), editor);
+}
+
+// ----------------------------------------------------------------------------------------------------- markers
+
+TEST_F(PanelsInHost, AClickMakesAMarkerTheHostsCurrentOneAndItsNameCanBeEdited)
+{
+    Panel_Slot<Tool_Marker> slot(main_window(), {.clicked = [](int marker) {
+        if (marker < 0)
+            return;
+        Variable<unsigned short>("$MARKER_CUR") = static_cast<unsigned short>(marker);
+        Fct_Update(current_tag, nullptr, nullptr, nullptr);
+    }});
+    hostkit::Panel_Look look;
+    look.state |= 0x100000;
+    slot.host().Set_Look(look);
+    hostkit::Array_Variable<unsigned char>("$MARKER_ENABLE")[3] = 0;
+    show(slot, slot.panel().Height(2)); // eight markers
+    const auto place = [](int marker) { return Place{4 + marker % 4 * 100 + 40, 4 + (1 - marker / 4) * 22 + 11}; };
+    click(slot.window(), place(6));
+    EXPECT_EQ(Variable<unsigned short>("$MARKER_CUR"), 6);
+    EXPECT_EQ(slot.panel().Read(), 6);
+    EXPECT_EQ(broadcasts(), std::vector{current_tag});
+    click(slot.window(), place(1), Button::right);
+    EXPECT_TRUE(slot.host().Editing());
+    type(slot.window(), "\b"
+                        "Apex\r");
+    const char* const name = hostkit::Array_Variable<char*>("$MARKER_LABEL")[1];
+    ASSERT_NE(name, nullptr);
+    EXPECT_STREQ(name, "Apex");
+    EXPECT_EQ(broadcasts(), std::vector{labels});
+    click(slot.window(), place(2), Button::right);
+    keep_picture(slot.window(), "marker_panel");
+}
+
+// --------------------------------------------------------------------------------------------------- propagate
+
+namespace {
+
+int carried = 0;
+
+int count_carried(void*, void*)
+{
+    ++carried;
+    return 1;
+}
+
+class PropagateInHost : public PanelsInHost {
+protected:
+    PropagateInHost()
+    {
+        carried = 0;
+        series = hostkit::Object_2D_Add(hostkit::Root_2D(), {.name = "T1"});
+        for (int i = 0; i < 12; ++i)
+            hostkit::Frame_Add(series, {.class_a = hostkit::frame_class});
+        window = hostkit::Window_Add("images");
+        Fct_Change_Child(window, series->Child_Get_Pt(5), nullptr);
+        slot.panel().Set(count_carried);
+        MoveWindow(slot.window(), 0, 0, 260, slot.panel().Height(), TRUE);
+        ShowWindow(slot.window(), SW_SHOW);
+        Fct_Update(1ull << 60, nullptr, nullptr, nullptr);
+        broadcasts();
+    }
+    ~PropagateInHost() override
+    {
+        hostkit::Set_Select_Chooser({});
+        hostkit::Tree_Reset();
+    }
+
+    int shown_index() const { return series->Child_Get_Cur(window); }
+
+    static constexpr Place on_down{20, 15};
+    static constexpr Place on_list{130, 15};
+    static constexpr Place on_up{240, 15};
+
+    Panel_Slot<Tool_Propagate> slot{main_window(), {}};
+    Strato_2D* series;
+    Strato_Window* window;
+};
+
+}
+
+TEST_F(PropagateInHost, ClicksWheelAndKeysGoThroughTheSeries)
+{
+    click(slot.window(), on_up);
+    EXPECT_EQ(shown_index(), 6);
+    click(slot.window(), on_down);
+    click(slot.window(), on_down);
+    EXPECT_EQ(shown_index(), 4);
+    EXPECT_EQ(carried, 3);
+    turn_wheel(slot.window(), on_list, -3 * WHEEL_DELTA);
+    EXPECT_EQ(shown_index(), 7);
+    move(slot.window(), on_list);
+    key(slot.window(), VK_HOME);
+    EXPECT_EQ(shown_index(), 0);
+    key(slot.window(), VK_NEXT);
+    EXPECT_EQ(shown_index(), 10);
+    key(slot.window(), VK_RIGHT);
+    EXPECT_EQ(shown_index(), 11);
+    hostkit::Set_Select_Chooser([](const Selects&) { return 8; });
+    click(slot.window(), on_list);
+    EXPECT_EQ(shown_index(), 8);
+    EXPECT_EQ(carried, 3) << "only the buttons carry";
+    keep_picture(slot.window(), "propagate_panel");
+}
+
+TEST_F(PropagateInHost, TheChangeOfTheFrameGreysTheButtons)
+{
+    hostkit::Set_Select_Chooser([](const Selects&) { return 11; });
+    click(slot.window(), on_list);
+    click(slot.window(), on_up);
+    EXPECT_EQ(shown_index(), 11) << "there is no further one";
+    EXPECT_EQ(carried, 0);
+    click(slot.window(), on_down);
+    EXPECT_EQ(shown_index(), 10);
+    click(slot.window(), on_up);
+    EXPECT_EQ(shown_index(), 11);
+    EXPECT_EQ(carried, 2);
+    keep_picture(slot.window(), "propagate_panel_last");
+}
+
+TEST_F(PropagateInHost, AKeyOfAnotherPanelMovesNoList)
+{
+    Panel_Slot<Tool_Tag> tags(main_window(), {});
+    show(tags, tags.panel().Height(4));
+    key(tags.window(), VK_END);
+    move(slot.window(), on_list);
+    EXPECT_EQ(slot.panel().Keyboard(2083), 1);
+    EXPECT_EQ(shown_index(), 5) << "nobody recorded this key";
+}
+
+TEST_F(PropagateInHost, TheOpenedListSwallowsTheReleaseAndThePanelGoesOn)
+{
+    Modal_Work modal;
+    modal.post([](HWND list) {
+        RECT client{};
+        GetClientRect(list, &client);
+        EXPECT_EQ(client.bottom, 12 * 24 + 2) << "all frames";
+        release(list, {60, client.bottom + 10}); // of the press that opened it
+        click(list, {60, client.bottom - 1 - 24 * 9 - 12});
+    });
+    press(slot.window(), on_list);
+    EXPECT_TRUE(modal.done());
+    EXPECT_EQ(shown_index(), 9);
+    EXPECT_EQ(GetCapture(), nullptr);
+    click(slot.window(), on_up);
+    EXPECT_EQ(shown_index(), 10);
+}
+
+TEST_F(PropagateInHost, APressBesideTheOpenedListEndsWhereItBegan)
+{
+    Modal_Work modal;
+    modal.post([](HWND list) {
+        release(list, {60, 1000});
+        press(list, {60, 1000});
+    });
+    press(slot.window(), on_list);
+    EXPECT_EQ(shown_index(), 5) << "dismissed";
+    EXPECT_EQ(GetCapture(), slot.window());
+    release(slot.window(), {600, 600});
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(carried, 0);
 }

@@ -99,4 +99,10 @@ void chooseTableTarget(QWidget& parent, const QString& path, FilesChosen chosen)
     chooseTarget(parent, text("Save label table"), path, tableFilter(), QStringLiteral("label"), std::move(chosen));
 }
 
+void chooseHistogramTarget(QWidget& parent, const QString& path, FilesChosen chosen)
+{
+    chooseTarget(parent, text("Export histogram"), path, text("Tables") + QStringLiteral(" (*.csv *.txt)"),
+        QStringLiteral("csv"), std::move(chosen));
+}
+
 }

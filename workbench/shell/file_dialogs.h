@@ -20,4 +20,7 @@ void chooseTableFile(QWidget& parent, const QString& folder, FilesChosen chosen)
 void chooseLabelTarget(QWidget& parent, const QString& path, FilesChosen chosen);
 void chooseTableTarget(QWidget& parent, const QString& path, FilesChosen chosen);
 
+/// The same for a histogram; a name without ending gets ".csv"
+void chooseHistogramTarget(QWidget& parent, const QString& path, FilesChosen chosen);
+
 }

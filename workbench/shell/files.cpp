@@ -159,7 +159,10 @@ void Files::chooseTableTarget(const std::function<void()>& then)
         window_, offered, [this, then](const QStringList& paths) { saveTableTo(paths.front(), then); });
 }
 
-QString usualLabelPath(const Session& session)
+namespace {
+
+// A file beside the image, or at home where nothing can be written there.
+QString besideImage(const Session& session, const QString& ending)
 {
     const QStringList files = session.imageFiles();
     const QFileInfo beside(files.isEmpty() ? QDir::homePath() : QFileInfo(files.front()).absolutePath());
@@ -169,7 +172,19 @@ QString usualLabelPath(const Session& session)
     if (files.size() == 1)
         name.chop(static_cast<int>(extension.size()));
     name.replace(QLatin1Char('/'), QLatin1Char('_'));
-    return QDir(folder).filePath(name + QStringLiteral("-labels.nii.gz"));
+    return QDir(folder).filePath(name + ending);
+}
+
+}
+
+QString usualLabelPath(const Session& session)
+{
+    return besideImage(session, QStringLiteral("-labels.nii.gz"));
+}
+
+QString usualHistogramPath(const Session& session)
+{
+    return besideImage(session, QStringLiteral("-histogram.csv"));
 }
 
 }

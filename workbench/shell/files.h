@@ -15,6 +15,8 @@ class QWidget;
 
 namespace workbench {
 
+class HistogramPanel;
+
 /// Everything that has to do with files: opening beside the interface, saving, and asking before something is lost.
 ///
 /// A label map "a.nii.gz" has the names, colours and thresholds of its tags beside it in a label table, "a.label": both
@@ -52,6 +54,10 @@ public:
 
     /// Saves names, colours and thresholds alone. @param then  called when they are saved
     void saveTableTo(const QString& path, std::function<void()> then = {});
+
+    /// Asks for a file and exports the histogram into it.
+    void chooseHistogramTarget(HistogramPanel& histogram);
+    void exportHistogramTo(HistogramPanel& histogram, const QString& path);
 
     /// Calls `then` once nothing is being read or written and the user has saved what is unsaved or given it up; never
     /// when the user goes back.
@@ -104,5 +110,8 @@ private:
 /// The file that labels of an image are offered to be saved to: beside the image, or at home where nothing can be
 /// written there, with "-labels.nii.gz" behind its name.
 QString usualLabelPath(const Session& session);
+
+/// The same for its histogram, with "-histogram.csv".
+QString usualHistogramPath(const Session& session);
 
 }

@@ -40,6 +40,8 @@ MainWindow::MainWindow(Session& session)
     menus_ = std::make_unique<Menus>(*this, session, files_, *view_);
     connect(menus_.get(), &Menus::interfaceSizeChosen, this, &MainWindow::setInterfaceSize);
     connect(menus_.get(), &Menus::tagEditChosen, this, &MainWindow::editTag);
+    connect(&panels_->histogram(), &HistogramSection::exportWanted, this,
+        [this] { files_.chooseHistogramTarget(panels_->histogram().histogram()); });
     connect(&reports_, &Reports::reported, this, &MainWindow::showReport);
     connectFiles();
     connectSession();

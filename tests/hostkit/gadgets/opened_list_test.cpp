@@ -1,5 +1,6 @@
 #include "hostkit/gadgets/opened_list_place.h"
 #include "tests/hostkit/gadgets/widget_fixture.h"
+#include "tests/support/modal_work.h"
 
 #include <functional>
 
@@ -8,33 +9,6 @@ using namespace test;
 // The opened select list, fed with messages while it waits.
 
 namespace {
-
-using Work = std::function<void(HWND list)>;
-
-Work work_to_do;
-
-// The message arrives in the loop of the list, which has the capture.
-LRESULT CALLBACK worker(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
-{
-    if (message != WM_USER)
-        return DefWindowProcA(window, message, wparam, lparam);
-    const HWND list = GetCapture();
-    if (const Work work = std::exchange(work_to_do, {}))
-        work(list);
-    SendMessageA(list, WM_KEYDOWN, VK_ESCAPE, 0); // a list that is still open would wait for ever
-    return 0;
-}
-
-HWND make_worker()
-{
-    WNDCLASSA description{};
-    description.lpfnWndProc = worker;
-    description.hInstance = GetModuleHandleA(nullptr);
-    description.lpszClassName = "Vetra worker";
-    RegisterClassA(&description);
-    return CreateWindowExA(
-        0, "Vetra worker", "", WS_OVERLAPPEDWINDOW, 0, 0, 10, 10, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
-}
 
 SIZE size_of(HWND window)
 {
@@ -48,7 +22,7 @@ protected:
     static constexpr int row = 20;
     static constexpr int width = 160;
 
-    OpenedList() : worker_(make_worker())
+    OpenedList()
     {
         MoveWindow(main_window(), 0, 0, 400, 300, TRUE);
         Place_Widget(select, 30, 260, width, row);
@@ -57,7 +31,6 @@ protected:
         Fill(5);
         select.Draw();
     }
-    ~OpenedList() override { DestroyWindow(worker_); }
 
     void Fill(int count)
     {
@@ -67,14 +40,13 @@ protected:
     }
 
     // Presses the select list and does some work while it is open. @return what was chosen
-    int Open(Work work)
+    int Open(std::function<void(HWND list)> work)
     {
-        work_to_do = std::move(work);
-        PostMessageA(worker_, WM_USER, 0, 0);
+        modal_.post(std::move(work));
         Point(100, 270);
         EXPECT_NE(select.Select(left_press), 0);
         const int chosen = select.Read();
-        EXPECT_FALSE(work_to_do) << "the list did not wait";
+        EXPECT_TRUE(modal_.done()) << "the list did not wait";
         return chosen;
     }
 
@@ -102,7 +74,7 @@ protected:
     Selects select;
 
 private:
-    HWND worker_;
+    Modal_Work modal_;
 };
 
 }
@@ -424,64 +396,4 @@ TEST_F(OpenedList, OpensBelowItsWidget)
         EXPECT_EQ(corner.x, widget.x);
         EXPECT_EQ(corner.y, widget.y);
     });
-}
-
-namespace {
-
-using hostkit::place_opened_list;
-
-constexpr RECT screen{100, 50, 1100, 850};
-
-void expect_place(const hostkit::Opened_List_Place& place, int left, int top, int right, int bottom, int rows)
-{
-    EXPECT_EQ(place.window.left, left);
-    EXPECT_EQ(place.window.top, top);
-    EXPECT_EQ(place.window.right, right);
-    EXPECT_EQ(place.window.bottom, bottom);
-    EXPECT_EQ(place.rows, rows);
-}
-
-}
-
-TEST(OpenedListPlace, BelowAndAsWideAsTheWidget)
-{
-    expect_place(place_opened_list({200, 100, 360, 124}, screen, 5, 20, 1), 200, 124, 360, 226, 5);
-    expect_place(place_opened_list({200, 100, 360, 124}, screen, 1, 20, 1), 200, 124, 360, 146, 1);
-}
-
-TEST(OpenedListPlace, NeverMoreThanSixteenRows)
-{
-    expect_place(place_opened_list({200, 100, 360, 124}, screen, 5000, 20, 1), 200, 124, 360, 446, 16);
-}
-
-TEST(OpenedListPlace, AboveWhereThereIsNoRoomBelow)
-{
-    expect_place(place_opened_list({200, 800, 360, 824}, screen, 5, 20, 1), 200, 698, 360, 800, 5);
-    expect_place(place_opened_list({200, 724, 360, 748}, screen, 5, 20, 1), 200, 748, 360, 850, 5);
-    expect_place(place_opened_list({200, 725, 360, 749}, screen, 5, 20, 1), 200, 623, 360, 725, 5);
-}
-
-TEST(OpenedListPlace, WithTheRowsThatFitWhereThereIsMoreRoom)
-{
-    constexpr RECT low_screen{0, 0, 500, 200};
-    expect_place(place_opened_list({10, 60, 170, 80}, low_screen, 100, 20, 1), 10, 80, 170, 182, 5);
-    expect_place(place_opened_list({10, 140, 170, 160}, low_screen, 100, 20, 1), 10, 18, 170, 140, 6);
-    expect_place(place_opened_list({10, 90, 170, 110}, low_screen, 100, 20, 1), 10, 110, 170, 192, 4);
-}
-
-TEST(OpenedListPlace, StaysOnTheScreen)
-{
-    expect_place(place_opened_list({40, 100, 200, 124}, screen, 3, 20, 1), 100, 124, 260, 186, 3);
-    expect_place(place_opened_list({1050, 100, 1210, 124}, screen, 3, 20, 1), 940, 124, 1100, 186, 3);
-    expect_place(place_opened_list({1050, 900, 1210, 924}, screen, 3, 20, 1), 940, 788, 1100, 850, 3);
-    expect_place(place_opened_list({200, -90, 360, -66}, screen, 3, 20, 1), 200, 50, 360, 112, 3);
-    expect_place(place_opened_list({0, 100, 5000, 124}, screen, 3, 20, 1), 100, 124, 1100, 186, 3);
-}
-
-TEST(OpenedListPlace, OneRowIsTheLeast)
-{
-    constexpr RECT tiny{0, 0, 100, 10};
-    const auto place = place_opened_list({0, 0, 100, 10}, tiny, 100, 20, 1);
-    EXPECT_EQ(place.rows, 1);
-    EXPECT_EQ(place.window.top, 0);
 }

@@ -1,6 +1,4 @@
-#include "tests/tools/tag_panel_fixture.h"
-
-#include "hostkit/gadgets/text_editing.h"
+#include "tests/tools/grid_panel_fixture.h"
 
 namespace test {
 
@@ -17,17 +15,17 @@ int client_height(HWND window)
 
 }
 
-Extent Grid::button(int tag) const
+Extent Grid::button(int item) const
 {
-    const int place = count - 1 - tag;
+    const int place = count - 1 - item;
     const int width = list.width / 4;
     return {list.x + (3 - place % 4) * width, list.y + place / 4 * pitch - offset, width, pitch};
 }
 
-bool Grid::visible(int tag) const
+bool Grid::visible(int item) const
 {
-    const int y = button(tag).y;
-    return has_place(tag) && y >= list.y - 1 && y <= list.y + 1 + (list.height - pitch);
+    const int y = button(item).y;
+    return has_place(item) && y >= list.y - 1 && y <= list.y + 1 + (list.height - pitch);
 }
 
 Grid grid_of(const Boxs& area, int count)
@@ -82,114 +80,27 @@ bool covered(HWND window, Extent part)
     return true;
 }
 
-}
-
-using namespace test;
-
-TagPanel::TagPanel()
+HWND make_reference_window()
 {
-    reference_window = CreateWindowExA(
+    const HWND window = CreateWindowExA(
         0, "Vetra test", "", WS_OVERLAPPEDWINDOW, 0, 0, 800, 800, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
-    ShowWindow(reference_window, SW_SHOW);
+    ShowWindow(window, SW_SHOW);
+    return window;
 }
 
-TagPanel::~TagPanel()
+void set_area(Boxs& area, HWND window, Extent place, unsigned state, short border)
 {
-    DestroyWindow(reference_window);
-}
-
-void TagPanel::lay_out(Tool_Tag& panel, Extent place, unsigned state, short border)
-{
-    area.window = main_window();
+    area.window = window;
     area.x = static_cast<short>(place.x);
     area.y = static_cast<short>(place.y);
     area.width = static_cast<short>(place.width);
     area.height = static_cast<short>(place.height);
     area.border = border;
     area.state = state;
-    area.frame = frame;
-    area.back = back;
-    area.text = text;
-    grid = grid_of(area, hostkit::Variable<unsigned short>("$TAG_NB"));
-    EXPECT_EQ(panel.Resize(&area), 1);
-    panel.Draw();
-    reports.clear();
+    area.frame = area_frame;
+    area.back = area_back;
+    area.text = area_text;
 }
-
-int TagPanel::click_at(Tool_Tag& panel, Place place, int up_down)
-{
-    point(main_window(), place);
-    return panel.Click(up_down);
-}
-
-int TagPanel::click_on(Tool_Tag& panel, int tag, int up_down)
-{
-    return click_at(panel, place_of(tag), up_down);
-}
-
-Extent TagPanel::hit_area(Tool_Tag& panel, Place inside)
-{
-    const int answer = click_at(panel, inside);
-    const auto same = [&](int x, int y) { return click_at(panel, {x, y}) == answer; };
-    int left = inside.x, right = inside.x, low = inside.y, high = inside.y;
-    while (same(left - 1, inside.y))
-        --left;
-    while (same(right + 1, inside.y))
-        ++right;
-    while (same(inside.x, low - 1))
-        --low;
-    while (same(inside.x, high + 1))
-        ++high;
-    return {left, low, right - left + 1, high - low + 1};
-}
-
-int TagPanel::press_slider_bottom(Tool_Tag& panel)
-{
-    return click_at(panel, {grid.slider.x + 2, grid.slider.y});
-}
-
-int TagPanel::drag_slider_to_top(Tool_Tag& panel)
-{
-    point(main_window(), {grid.slider.x + 2, grid.slider.y + 2 * grid.slider.height});
-    return panel.Motion(17);
-}
-
-void TagPanel::leave(Tool_Tag& panel)
-{
-    point(main_window(), {700, 700});
-    panel.Motion(0);
-    panel.Leave();
-}
-
-Row_Look TagPanel::usual(int tag) const
-{
-    const char* label = hostkit::Tag_Label(static_cast<unsigned>(tag));
-    const Colors color = tag == 0 ? Colors{170, 170, 170} : hostkit::Tag_Color(static_cast<unsigned>(tag));
-    return {label ? label : std::to_string(tag), color};
-}
-
-Row_Look TagPanel::current(int tag) const
-{
-    Row_Look look = usual(tag);
-    look.current = true;
-    return look;
-}
-
-Row_Look TagPanel::greyed(int tag) const
-{
-    Row_Look look = usual(tag);
-    look.greyed = true;
-    return look;
-}
-
-Row_Look TagPanel::pressed(int tag) const
-{
-    Row_Look look = usual(tag);
-    look.pressed = true;
-    return look;
-}
-
-namespace {
 
 void place_reference(Tools& widget, const Boxs& area, Extent place)
 {
@@ -203,11 +114,57 @@ void place_reference(Tools& widget, const Boxs& area, Extent place)
     widget.font = area.font;
 }
 
+Extent extent_of(Place inside, const std::function<int(Place)>& answer)
+{
+    const int expected = answer(inside);
+    const auto same = [&](int x, int y) { return answer({x, y}) == expected; };
+    int left = inside.x, right = inside.x, low = inside.y, high = inside.y;
+    while (same(left - 1, inside.y))
+        --left;
+    while (same(right + 1, inside.y))
+        ++right;
+    while (same(inside.x, low - 1))
+        --low;
+    while (same(inside.x, high + 1))
+        ++high;
+    return {left, low, right - left + 1, high - low + 1};
 }
 
-bool TagPanel::shows(int tag, const Row_Look& look)
+}
+
+using namespace test;
+
+GridPanel::GridPanel() : reference_window(make_reference_window()) {}
+
+GridPanel::~GridPanel()
 {
-    const Extent place = grid.button(tag);
+    DestroyWindow(reference_window);
+}
+
+Row_Look GridPanel::current(int item) const
+{
+    Row_Look look = usual(item);
+    look.current = true;
+    return look;
+}
+
+Row_Look GridPanel::greyed(int item) const
+{
+    Row_Look look = usual(item);
+    look.greyed = true;
+    return look;
+}
+
+Row_Look GridPanel::pressed(int item) const
+{
+    Row_Look look = usual(item);
+    look.pressed = true;
+    return look;
+}
+
+bool GridPanel::shows(int item, const Row_Look& look)
+{
+    const Extent place = grid.button(item);
     Buttons reference;
     place_reference(reference, area, place);
     reference.state = (area.state & 0x100000 ? 0x500000u : 0x400000u) | (look.greyed ? 35u : 0u);
@@ -220,9 +177,9 @@ bool TagPanel::shows(int tag, const Row_Look& look)
     return picture(main_window(), place) == picture(reference_window, place);
 }
 
-bool TagPanel::shows_editor(int tag, const std::string& content)
+bool GridPanel::shows_editor(int item, const std::string& content)
 {
-    const Extent place = grid.button(tag);
+    const Extent place = grid.button(item);
     Texts reference;
     place_reference(reference, area, place);
     reference.state = 0x80000003;
@@ -236,7 +193,7 @@ bool TagPanel::shows_editor(int tag, const std::string& content)
     return picture(main_window(), place) == picture(reference_window, place);
 }
 
-bool TagPanel::shows_slider(float value)
+bool GridPanel::shows_slider(float value)
 {
     place_reference(reference_slider, area, grid.slider);
     reference_slider.state = 0x8000004;
@@ -246,19 +203,4 @@ bool TagPanel::shows_slider(float value)
     reference_slider.Init(reference_window);
     reference_slider.Draw();
     return picture(main_window(), grid.slider) == picture(reference_window, grid.slider);
-}
-
-void TagPanel::type(Tool_Tag& panel, const std::string& letters)
-{
-    for (const char letter : letters)
-        panel.Keyboard(static_cast<unsigned char>(letter));
-}
-
-std::string TagPanel::caption_of(Tool_Tag& panel, int tag)
-{
-    EXPECT_EQ(click_on(panel, tag, right_press), -1);
-    const Texts* editor = hostkit::Active_Text();
-    const std::string caption = editor ? editor->Content() : "no editor";
-    leave(panel);
-    return caption;
 }
