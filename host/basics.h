@@ -94,7 +94,7 @@ public:
     /// double precision however its rows and columns are scaled. The inverse of the empty matrix is empty.
     Matrix_NxM operator!() const;
 
-    /// 1 when there are no elements to speak of, else 0.
+    /// 1 for an invalid matrix, else 0.
     int Invalid() const;
 
     /// The product; invalid when the sizes do not fit. `~A * A` costs only what A has besides zeros.

@@ -96,8 +96,8 @@ TEST(Monitor, ThePrimaryOneHasTheSystemsMetrics)
 
 TEST(Monitor, APlaceOutsideBelongsToTheNearestOne)
 {
-    for (const POINT far : {POINT{-100000, 5}, {100000, 5}, {5, -100000}, {5, 100000}})
-        EXPECT_NE(MonitorFromPoint(far, MONITOR_DEFAULTTONEAREST), nullptr);
+    for (const POINT place : {POINT{-100000, 5}, {100000, 5}, {5, -100000}, {5, 100000}})
+        EXPECT_NE(MonitorFromPoint(place, MONITOR_DEFAULTTONEAREST), nullptr);
 }
 
 TEST(Monitor, IsNotDescribedWithoutItsSizeOrWhenThereIsNone)

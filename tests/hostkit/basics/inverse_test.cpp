@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <limits>
-#include <random>
 
 using test::element_size;
 using test::Matrix_Of;
@@ -86,24 +85,12 @@ void expect_solves(const Table& table, const Numbers& solution)
     expect_solves(Matrix_Of(table), solution);
 }
 
-Table random_square(size_t size, unsigned seed)
-{
-    std::mt19937 random(seed);
-    std::uniform_real_distribution<double> number(-1, 1);
-    Table table(size, Numbers(size));
-    for (auto& row : table) {
-        for (double& element : row)
-            element = number(random);
-    }
-    return table;
-}
-
 }
 
 TEST(Inverse, TimesTheMatrixIsTheIdentity)
 {
     for (const size_t size : {1, 2, 3, 10, 40}) {
-        const Matrix_NxM matrix = Matrix_Of(random_square(size, 1));
+        const Matrix_NxM matrix = Matrix_Of(test::Random_Table(size, size, 1));
         const Matrix_NxM inverse = !matrix;
         ASSERT_EQ(inverse.Invalid(), 0);
         expect_identity(inverse * matrix, size, 1e-10);
@@ -123,8 +110,8 @@ TEST(Inverse, OfSmallMatricesIsAsOnPaper)
 
 TEST(Inverse, SolvesTheSameBeforeAndAfterItsElementsAreRead)
 {
-    const Matrix_NxM matrix = Matrix_Of(random_square(12, 2));
-    const Vector_N vector = Vector_Of(random_square(12, 3)[0]);
+    const Matrix_NxM matrix = Matrix_Of(test::Random_Table(12, 12, 2));
+    const Vector_N vector = Vector_Of(test::Random_Table(12, 12, 3)[0]);
     Matrix_NxM inverse = !matrix;
     const Matrix_NxM copy = inverse;
     const Numbers solved = Numbers_Of(inverse * vector);

@@ -3,8 +3,7 @@
 #include "host/basics.h"
 
 #include <cstddef>
-#include <functional>
-#include <initializer_list>
+#include <random>
 #include <vector>
 
 /// Plain tables of numbers, to check matrices against.
@@ -31,6 +30,19 @@ inline Table Table_Of(Matrix_NxM matrix, size_t columns, size_t rows)
     for (size_t y = 0; y < rows; ++y) {
         const double* row = matrix[static_cast<int>(y)];
         table.emplace_back(row, row + columns);
+    }
+    return table;
+}
+
+/// Numbers from -1 to 1, the same ones for the same seed.
+inline Table Random_Table(size_t columns, size_t rows, unsigned seed)
+{
+    std::mt19937 random(seed);
+    std::uniform_real_distribution<double> number(-1, 1);
+    Table table(rows, std::vector<double>(columns));
+    for (auto& row : table) {
+        for (double& element : row)
+            element = number(random);
     }
     return table;
 }

@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <limits>
-#include <random>
 #include <utility>
 
 using test::element_size;
@@ -19,22 +18,10 @@ namespace {
 
 constexpr unsigned most = std::numeric_limits<unsigned>::max();
 
-Table random_table(size_t columns, size_t rows, unsigned seed)
-{
-    std::mt19937 random(seed);
-    std::uniform_real_distribution<double> number(-1, 1);
-    Table table(rows, Numbers(columns));
-    for (auto& row : table) {
-        for (double& element : row)
-            element = number(random);
-    }
-    return table;
-}
-
 // Columns that are zero beside a few rows each, as the slopes of peaks are; some rows and columns are zero altogether.
 Table sparse_table(size_t columns, size_t rows, unsigned seed)
 {
-    Table table = random_table(columns, rows, seed);
+    Table table = test::Random_Table(columns, rows, seed);
     for (size_t y = 0; y < rows; ++y) {
         for (size_t x = 0; x < columns; ++x) {
             const double distance =
@@ -116,7 +103,7 @@ TEST(Matrix, RowsLieBehindEachOther)
 
 TEST(Matrix, CopiesShareNothingThatCanBeSeen)
 {
-    const Table table = random_table(5, 33, 1);
+    const Table table = test::Random_Table(5, 33, 1);
     Matrix_NxM original = Matrix_Of(table);
     Matrix_NxM copy = original;
     original[32][4] = 7;
@@ -134,7 +121,7 @@ TEST(Matrix, CopiesShareNothingThatCanBeSeen)
 
 TEST(Matrix, CopyOutlivesWhatItWasCopiedFrom)
 {
-    const Table table = random_table(4, 4, 2);
+    const Table table = test::Random_Table(4, 4, 2);
     Matrix_NxM copy(0, 0, 8);
     {
         const Matrix_NxM original = Matrix_Of(table);
@@ -145,7 +132,7 @@ TEST(Matrix, CopyOutlivesWhatItWasCopiedFrom)
 
 TEST(Matrix, AssigningItselfChangesNothing)
 {
-    const Table table = random_table(4, 3, 3);
+    const Table table = test::Random_Table(4, 3, 3);
     Matrix_NxM matrix = Matrix_Of(table);
     const Matrix_NxM& same = matrix;
     matrix = same;
@@ -154,7 +141,7 @@ TEST(Matrix, AssigningItselfChangesNothing)
 
 TEST(Matrix, MovingHandsTheElementsOver)
 {
-    const Table table = random_table(4, 3, 4);
+    const Table table = test::Random_Table(4, 3, 4);
     Matrix_NxM matrix = Matrix_Of(table);
     const double* row = matrix[0];
     Matrix_NxM moved = std::move(matrix);
@@ -164,7 +151,7 @@ TEST(Matrix, MovingHandsTheElementsOver)
 
 TEST(Matrix, TransposeShowsColumnsAsRows)
 {
-    const Table table = random_table(5, 40, 5);
+    const Table table = test::Random_Table(5, 40, 5);
     const Matrix_NxM matrix = Matrix_Of(table);
     EXPECT_EQ(Table_Of(~matrix, 40, 5), transposed(table));
     EXPECT_EQ(Table_Of(~~matrix, 5, 40), table);
@@ -172,7 +159,7 @@ TEST(Matrix, TransposeShowsColumnsAsRows)
 
 TEST(Matrix, WritingATransposeLeavesTheOriginalAlone)
 {
-    const Table table = random_table(5, 40, 6);
+    const Table table = test::Random_Table(5, 40, 6);
     Matrix_NxM matrix = Matrix_Of(table);
     Matrix_NxM transpose = ~matrix;
     matrix[1][2] = 100;
@@ -185,22 +172,22 @@ TEST(Matrix, WritingATransposeLeavesTheOriginalAlone)
 TEST(Matrix, ProductIsThatOfPlainLoops)
 {
     for (const auto& [rows, inner, columns] : {std::tuple<size_t, size_t, size_t>{1, 1, 1}, {3, 5, 2}, {40, 17, 33}}) {
-        const Table left = random_table(inner, rows, 7);
-        const Table right = random_table(columns, inner, 8);
+        const Table left = test::Random_Table(inner, rows, 7);
+        const Table right = test::Random_Table(columns, inner, 8);
         expect_near(Table_Of(Matrix_Of(left) * Matrix_Of(right), columns, rows), product(left, right));
     }
 }
 
 TEST(Matrix, ProductsOfTransposesAreThoseOfPlainLoops)
 {
-    const Table left = random_table(6, 20, 9);
-    const Table right = random_table(20, 7, 10);
+    const Table left = test::Random_Table(6, 20, 9);
+    const Table right = test::Random_Table(20, 7, 10);
     expect_near(Table_Of(~Matrix_Of(left) * ~Matrix_Of(right), 7, 6), product(transposed(left), transposed(right)));
-    const Table other = random_table(9, 20, 11);
+    const Table other = test::Random_Table(9, 20, 11);
     expect_near(Table_Of(~Matrix_Of(left) * Matrix_Of(other), 9, 6), product(transposed(left), other));
     const Matrix_NxM matrix = Matrix_Of(left);
     expect_near(Table_Of(matrix * ~matrix, 20, 20), product(left, transposed(left)));
-    const Matrix_NxM square = Matrix_Of(random_table(8, 8, 12));
+    const Matrix_NxM square = Matrix_Of(test::Random_Table(8, 8, 12));
     const Table table = Table_Of(square, 8, 8);
     expect_near(Table_Of(square * square, 8, 8), product(table, table));
     expect_near(Table_Of(~square * ~square, 8, 8), product(transposed(table), transposed(table)));
@@ -211,7 +198,7 @@ TEST(Matrix, ProductOfATransposeAndItselfIsExact)
     for (const size_t columns : {1, 2, 3, 4, 5, 8, 9, 31, 60}) {
         for (const size_t rows : {1, 15, 16, 17, 100}) {
             SCOPED_TRACE(std::to_string(columns) + " x " + std::to_string(rows));
-            expect_exact_square(random_table(columns, rows, 13));
+            expect_exact_square(test::Random_Table(columns, rows, 13));
             expect_exact_square(sparse_table(columns, rows, 14));
         }
     }
@@ -235,8 +222,8 @@ TEST(Matrix, ProductSeesWhatWasWrittenAfterAnEarlierOne)
 
 TEST(Matrix, TimesVectorIsThatOfPlainLoops)
 {
-    const Table table = random_table(7, 50, 16);
-    const Numbers numbers = random_table(7, 1, 17)[0];
+    const Table table = test::Random_Table(7, 50, 16);
+    const Numbers numbers = test::Random_Table(7, 1, 17)[0];
     const Numbers result = Numbers_Of(Matrix_Of(table) * Vector_Of(numbers));
     const Numbers expected = product(table, numbers);
     ASSERT_EQ(result.size(), expected.size());
@@ -248,7 +235,7 @@ TEST(Matrix, TransposeTimesVectorIsExact)
 {
     for (const size_t columns : {1, 3, 4, 10}) {
         const Table table = sparse_table(columns, 50, 18);
-        const Numbers numbers = random_table(50, 1, 19)[0];
+        const Numbers numbers = test::Random_Table(50, 1, 19)[0];
         EXPECT_EQ(Numbers_Of(~Matrix_Of(table) * Vector_Of(numbers)), product(transposed(table), numbers));
     }
 }
@@ -290,7 +277,7 @@ TEST(Matrix, SeveralLargeOnesAtATimeAreIndependent)
 
 TEST(Matrix, OfMismatchedSizesTheProductIsInvalid)
 {
-    const Matrix_NxM matrix = Matrix_Of(random_table(3, 5, 20));
+    const Matrix_NxM matrix = Matrix_Of(test::Random_Table(3, 5, 20));
     EXPECT_EQ((matrix * matrix).Invalid(), 1);
     EXPECT_EQ((~matrix * ~matrix).Invalid(), 1);
     EXPECT_EQ((matrix * Vector_Of({1, 2})).Size(), 0u);
