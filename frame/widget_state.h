@@ -6,6 +6,8 @@ namespace frame::state {
 constexpr unsigned active = 0;
 constexpr unsigned greyed = 35; ///< shown greyed, takes no event
 constexpr unsigned panel_box = 66;
+constexpr unsigned graph_selection_box = 80;
+constexpr unsigned graph_plot_box = 83;
 constexpr unsigned being_edited = 3; ///< set on a row button while an editor lies over it
 constexpr unsigned row_button = 0x400000;
 constexpr unsigned row_button_marked = 0x500000; ///< a row button that shows its pressed mark

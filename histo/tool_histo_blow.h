@@ -1,10 +1,12 @@
 #pragma once
 
+#include "frame/export.h"
 #include "platform/windows_api.h"
 
 class Tool_Histo;
 
-/// The graph window: one for all histogram panels, a top-level window of class "Histogram".
+/// The graph window: one for all histogram panels, a top-level window of class "Histogram". A panel opens it; a host
+/// only asks for it.
 namespace histo::graph {
 
 /// What panels post to the window.
@@ -26,3 +28,10 @@ void close(const Tool_Histo* going);
 void post(UINT message);
 
 }
+
+/// The graph window, or null while there is none.
+VETRA_TOOLS_API HWND Histo_Graph_Window();
+
+/// Chooses what the graph window shows, as its three lists do, now and when it is opened again.
+/// @param peaks  0 none, 1 their sum, 2 each of them  @param tags, cursor 0 or 1
+VETRA_TOOLS_API void Histo_Graph_Display(int peaks, int tags, int cursor);

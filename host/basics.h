@@ -26,6 +26,10 @@ BASICS_API extern signed char Flag_Trace;
 /// @return 1 when the report was shown, else 0
 BASICS_API int Error_Fct(HWND window, int level, const char* format, ...) VETRA_PRINTF(3, 4);
 
+/// Reports a window message by its name, "PROCEDURE: WM_PAINT"; one that has none by its number, "PROCEDURE: 0x0400".
+/// @param level as for Error_Fct @return as Error_Fct
+BASICS_API int SystMessage_Stool(int level, const char* procedure, HWND window, UINT message);
+
 /// The text of a C library error (a value of errno), in English and ASCII whatever the locale. Never null; the text
 /// stays until the next call.
 BASICS_API const wchar_t* Error_Perror(int errno_value);

@@ -64,6 +64,11 @@ GADGETS_API HFONT Y_Create_Font(const char* name, short scale, const char* weigh
 GADGETS_API int getkey(int key);
 GADGETS_API int getbutton(int button);
 
+/// The key of a window message, as panels are given it: for WM_CHAR the character (Unicode), with Backspace, Tab, Enter
+/// and Escape as themselves; for WM_KEYDOWN and WM_SYSKEYDOWN (Alt is held) the navigation keys, as 2048 + virtual-key
+/// code. @return 0 for other messages, and for a key that comes as a character, or is not for panels
+GADGETS_API int Parse_Keyboard(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+
 // ------------------------------------------------------------------------------------------------------ widgets
 
 /// A colour, 8 bits a channel.
@@ -302,11 +307,12 @@ private:
 };
 
 /// A one-line select list: its caption, the current item behind it, and an arrow. A press opens the list of all items.
-/// Without items it takes no event.
+/// Without items it draws nothing and takes no event.
 class GADGETS_API Selects : public Tools {
 public:
     unsigned short value = 0; ///< the index of the current item
     short arrow = 0;          ///< width of the arrow at the right end, pixels
+    short item_height = 0;    ///< of an item in the opened list, pixels; 0 for the widget's own height
 
     void Init(HWND owner);
     void Draw();

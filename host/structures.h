@@ -165,6 +165,52 @@ public:
 /// The grey value of a raw value of a grey frame.
 STRUCTURES_API float Fct_GLI_2_Float(Strato_2D_Frame* frame, int raw);
 
+// ------------------------------------------------------------------------------------------------ pen and touch
+
+/// What a pen says.
+struct Pen_Record {
+    int buttons; ///< which are held: 16 the tip, 32 the middle, 64 the barrel button; and 1 when one is while it moves
+    int x;       ///< screen coordinates
+    int y;
+};
+
+/// What two fingers did since the last call; all 0 and the factors 1 when they have just come down.
+struct Gesture_Record {
+    float move_x; ///< pixels to the right, of the point between them
+    float move_y; ///< pixels downward
+    float zoom_x; ///< by how much the distance between them grew, across; 1 when it is too short to tell
+    float zoom_y; ///< and up
+};
+
+/// The pen behind WM_POINTERDOWN, WM_POINTERUP or WM_POINTERUPDATE; the arguments are the message's.
+/// @return non-zero when `pen` is filled; 0 when it is no pen, so that the message is for the default procedure
+STRUCTURES_API int Fct_Pointer_Pen(HWND window, UINT message, WPARAM wparam, LPARAM lparam, Pen_Record* pen);
+
+/// The gesture behind WM_TOUCH; the arguments are the message's.
+/// @return non-zero when `gesture` is filled; then the message must not go to the default procedure, too
+STRUCTURES_API int Fct_Pointer_Touch(HWND window, UINT message, WPARAM wparam, LPARAM lparam, Gesture_Record* gesture);
+
+// --------------------------------------------------------------------------------------------------- file dialogs
+
+/// Asks the user for the name of a file to write, and whether one of that name may go. Returns when the user has
+/// answered; meanwhile messages and broadcasts arrive.
+///
+/// @param title      of the dialog, UTF-8
+/// @param filter     which files are shown, as Fct_Create_szFilter makes it; null for all
+/// @param offered    the path that is offered; null for none
+/// @param extension  without its point; a name without one gets it
+/// @param chosen     receives the path: 1024 bytes, which may be those of `offered`; unchanged unless 1 is returned
+/// @param flags      0
+/// @return 1 when the user confirmed, else 0
+STRUCTURES_API int Fct_Save_FileName(
+    const char* title, const char* filter, const char* offered, const char* extension, char* chosen, int flags);
+
+/// A filter for file dialogs.
+/// @param count  how many pairs follow: a text, and the name of the variable that holds the patterns
+///               (`"$FILE_EXTENSION_EXCEL"`; without a value "*.csv", other variables "*")
+/// @return texts and patterns in turn, each with a zero behind it and one more at the end; overwritten by the next call
+STRUCTURES_API char* Fct_Create_szFilter(int count, ...);
+
 // ---------------------------------------------------------------------------------------------------- iterators
 
 /// Begins to go through the tree. Whoever begins ends it; one that the same owner left open is ended first.

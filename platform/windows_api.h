@@ -11,8 +11,12 @@
 #define WIN32_LEAN_AND_MEAN
 #endif
 #include <windows.h>
+
+#include <commdlg.h>
 #else
+#include "platform/qt/windows_dialogs.h"
 #include "platform/qt/windows_drawing.h"
+#include "platform/qt/windows_pointers.h"
 #include "platform/qt/windows_types.h"
 #include "platform/qt/windows_windows.h"
 #endif

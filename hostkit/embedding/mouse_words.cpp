@@ -31,15 +31,4 @@ int Up_Down_Word(Mouse_Event event, WPARAM wparam)
     return buttons;
 }
 
-int Key_Code_Of(UINT message, WPARAM wparam)
-{
-    const int code = static_cast<int>(wparam);
-    constexpr int navigation = 2048;
-    if (message == WM_KEYDOWN)
-        return code >= VK_PRIOR && code <= VK_DELETE ? navigation + code : 0;
-    constexpr int delete_character = 127;
-    const bool control = code < 32 && code != VK_BACK && code != VK_TAB && code != VK_RETURN && code != VK_ESCAPE;
-    return control || code == delete_character ? 0 : code;
-}
-
 }

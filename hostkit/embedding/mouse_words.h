@@ -14,8 +14,4 @@ STRUCTURES_API Mouse_Event Mouse_Event_Of(UINT message);
 /// down. @param wparam the message's, with its MK_ flags
 STRUCTURES_API int Up_Down_Word(Mouse_Event event, WPARAM wparam);
 
-/// The key code of WM_CHAR and WM_KEYDOWN: characters, Backspace, Tab, Enter and Escape as themselves, the navigation
-/// keys as 2048 + virtual-key code; 0 for what panels are not given.
-STRUCTURES_API int Key_Code_Of(UINT message, WPARAM wparam);
-
 }

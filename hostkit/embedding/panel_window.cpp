@@ -85,7 +85,7 @@ LRESULT Panel_Window::Handle(UINT message, WPARAM wparam, LPARAM lparam)
         break;
     case WM_CHAR:
     case WM_KEYDOWN:
-        used = Key(message, wparam);
+        used = Key(message, wparam, lparam);
         break;
     default:
         used = Mouse(message, wparam, lparam);
@@ -297,9 +297,9 @@ bool Panel_Window::Wheel(WPARAM wparam, LPARAM lparam)
 
 // ---------------------------------------------------------------------------------------------------- keyboard
 
-bool Panel_Window::Key(UINT message, WPARAM wparam)
+bool Panel_Window::Key(UINT message, WPARAM wparam, LPARAM lparam)
 {
-    const int key = Key_Code_Of(message, wparam);
+    const int key = Parse_Keyboard(window_, message, wparam, lparam);
     return key != 0 && Keyboard(key);
 }
 

@@ -64,7 +64,7 @@ private:
     LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
     bool Mouse(UINT message, WPARAM wparam, LPARAM lparam);
     bool Wheel(WPARAM wparam, LPARAM lparam);
-    bool Key(UINT message, WPARAM wparam);
+    bool Key(UINT message, WPARAM wparam, LPARAM lparam);
 
     void Sized(int width, int height);
     void Paint();

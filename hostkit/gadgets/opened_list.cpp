@@ -50,7 +50,7 @@ RECT screen_around(const RECT& place)
 int row_height_of(const Selects& select)
 {
     constexpr int least = 8;
-    return std::max<int>(select.height, least);
+    return std::max<int>(select.item_height > 0 ? select.item_height : select.height, least);
 }
 
 POINT point_of(LPARAM lparam)

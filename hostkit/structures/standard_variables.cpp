@@ -91,6 +91,8 @@ constexpr Dimension dimensions[] = {
 
 char no_text[] = "";
 char title_weight[] = "bold";
+char tables[] = "*.csv";
+char all_files[] = "*";
 
 }
 
@@ -107,9 +109,12 @@ void Standard_Values_Set()
     // panel of exactly the height it asked for needs no slider.
     BORDER = Variable<short>("$INTERFACE_BORDER_DIM");
     SPACE = static_cast<short>(BORDER + 2);
-    for (const char* name : {"$INTERFACE_TITLE_FONT_NAME", "$INTERFACE_TOOL_FONT_NAME", "$INTERFACE_TOOL_FONT_WEIGHT"})
+    for (const char* name : {"$INTERFACE_TITLE_FONT_NAME", "$INTERFACE_TOOL_FONT_NAME", "$INTERFACE_TOOL_FONT_WEIGHT",
+             "$DEFAULT_FILE_PATH"})
         String_Variable(name) = no_text;
     String_Variable("$INTERFACE_TITLE_FONT_WEIGHT") = title_weight;
+    String_Variable("$FILE_EXTENSION_EXCEL") = tables;
+    String_Variable("$FILE_EXTENSION_ALL") = all_files;
     Variable<unsigned short>("$GLI_HISTO_BINS_MAX") = 4352;
 }
 

@@ -201,12 +201,32 @@ void Window::leaveEvent(QEvent*)
         send(WM_MOUSELEAVE, 0, 0);
 }
 
+namespace {
+
+// Alt makes it one of the system's keys; with Control it is a way to type.
+bool is_system_key(const QKeyEvent& event)
+{
+    const bool alt = event.key() == Qt::Key_Alt || (event.modifiers() & Qt::AltModifier);
+    return alt && !(event.modifiers() & Qt::ControlModifier);
+}
+
+LPARAM key_flags(const QKeyEvent& event)
+{
+    constexpr LPARAM once = 1;
+    constexpr LPARAM alt_is_down = LPARAM{1} << 29;
+    return once | (is_system_key(event) ? alt_is_down : 0);
+}
+
+}
+
 void Window::keyPressEvent(QKeyEvent* event)
 {
     bool used = false;
+    const bool system = is_system_key(*event);
     if (const int key = virtual_key(*event); key != 0)
-        used = offer(WM_KEYDOWN, static_cast<WPARAM>(key), 1);
-    const auto characters = event->key() == Qt::Key_Delete ? QList<uint>() : event->text().toUcs4();
+        used = offer(system ? WM_SYSKEYDOWN : WM_KEYDOWN, static_cast<WPARAM>(key), key_flags(*event));
+    const bool types = !system && event->key() != Qt::Key_Delete;
+    const auto characters = types ? event->text().toUcs4() : QList<uint>();
     for (const uint character : characters)
         used = (Window::of(handle()) && offer(WM_CHAR, character, 1)) || used;
     event->setAccepted(used);
@@ -215,7 +235,8 @@ void Window::keyPressEvent(QKeyEvent* event)
 void Window::keyReleaseEvent(QKeyEvent* event)
 {
     const int key = virtual_key(*event);
-    event->setAccepted(key != 0 && offer(WM_KEYUP, static_cast<WPARAM>(key), 1));
+    const UINT message = is_system_key(*event) ? WM_SYSKEYUP : WM_KEYUP;
+    event->setAccepted(key != 0 && offer(message, static_cast<WPARAM>(key), key_flags(*event)));
 }
 
 // ------------------------------------------------------------------------------- focus, capture, pointer, cursor
@@ -324,9 +345,19 @@ HCURSOR SetCursor(HCURSOR cursor)
 int GetSystemMetrics(int index)
 {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    if (!screen)
+    switch (index) {
+    case SM_CXSCREEN:
+        return screen ? screen->size().width() : 0;
+    case SM_CYSCREEN:
+        return screen ? screen->size().height() : 0;
+    case SM_CXFRAME:
+    case SM_CYFRAME:
+        return 4;
+    case SM_CYCAPTION:
+        return 23;
+    default:
         return 0;
-    return index == SM_CXSCREEN ? screen->size().width() : index == SM_CYSCREEN ? screen->size().height() : 0;
+    }
 }
 
 // A monitor is known by its number, counted from 1.

@@ -132,7 +132,8 @@ BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove)
     ensure_application();
     Queue& queue = Queue::get();
     const Reader reader;
-    QCoreApplication::processEvents();
+    if (last == 0) // whoever drains some messages in the middle of one is not called back with others
+        QCoreApplication::processEvents();
     return queue.take(*message, window, first, last, (remove & PM_REMOVE) != 0);
 }
 

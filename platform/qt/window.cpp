@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QHash>
+#include <QTouchEvent>
 
 #include <algorithm>
 #include <mutex>
@@ -240,6 +241,13 @@ bool Window::event(QEvent* event)
         event->accept();
         return true;
     }
+    const bool touched = event->type() == QEvent::TouchBegin || event->type() == QEvent::TouchUpdate ||
+                         event->type() == QEvent::TouchEnd || event->type() == QEvent::TouchCancel;
+    if (touched && isEnabled() && testAttribute(Qt::WA_AcceptTouchEvents)) {
+        event->accept();
+        touch(*static_cast<QTouchEvent*>(event));
+        return true;
+    }
     return QWidget::event(event);
 }
 
@@ -248,10 +256,23 @@ void Window::resizeEvent(QResizeEvent*)
     tell_size();
 }
 
-void Window::showEvent(QShowEvent*)
+// Its picture stays while the desktop has put a window away.
+void Window::showEvent(QShowEvent* event)
 {
     tell_size();
-    invalidate(rect(), Background::erased);
+    if (!event->spontaneous())
+        invalidate(rect(), Background::erased);
+}
+
+// A window that is put away has no size; it has one again, and is told so, when it is back.
+void Window::changeEvent(QEvent* event)
+{
+    if (event->type() != QEvent::WindowStateChange || destroyed())
+        return QWidget::changeEvent(event);
+    if (!isMinimized())
+        return tell_size();
+    told_size_ = {0, 0};
+    send(WM_SIZE, SIZE_MINIMIZED, 0);
 }
 
 void Window::closeEvent(QCloseEvent* event)

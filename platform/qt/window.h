@@ -2,13 +2,17 @@
 
 #include "platform/windows_api.h"
 
+#include <QEvent>
 #include <QImage>
 #include <QPainter>
 #include <QRegion>
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 #include <string>
+
+class QTouchEvent;
 
 /// What stands behind an HWND: a widget whose pixels live in a picture of its own, drawn into at any time.
 class Window final : public QWidget {
@@ -65,12 +69,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void tabletEvent(QTabletEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
@@ -81,6 +87,9 @@ protected:
 private:
     void fit_picture();
     void mouse(QMouseEvent* event, UINT message);
+    void touch(const QTouchEvent& event);
+    void tell_touch(const QTouchEvent& event);
+    void finger(QEvent::Type type, const QPointF& place);
     bool destroyed() const;
 
     LRESULT call(UINT message, WPARAM wparam, LPARAM lparam, bool* unused);
@@ -97,6 +106,8 @@ private:
     QSize told_size_{-1, -1};
     bool* unused_ = nullptr; // where the call that is offered a message learns that it was left to the default
     bool paint_posted_ = false;
+    bool pinched_ = false;          // since the first finger came down there have been two
+    std::optional<QPointF> finger_; // where the one is that holds the left button down
 };
 
 /// Lets what is posted reach procedures while one of them runs a loop of its own.

@@ -106,7 +106,22 @@ HWND GetActiveWindow()
     return active && Window::of(active->handle()) ? active->handle() : nullptr;
 }
 
-BOOL RegisterTouchWindow(HWND window, ULONG)
+// The desktop's frame is not ours to know: every window seems to have the same one.
+BOOL GetWindowRect(HWND window, RECT* rectangle)
 {
-    return IsWindow(window);
+    const Window* found = Window::of(window);
+    if (!found || !rectangle)
+        return FALSE;
+    const QPoint corner = found->mapToGlobal(QPoint(0, 0));
+    *rectangle = {corner.x(), corner.y(), corner.x() + found->width(), corner.y() + found->height()};
+    if (!found->isWindow() || (found->windowFlags() & Qt::FramelessWindowHint))
+        return TRUE;
+    constexpr int padding = 4;
+    const int beside = GetSystemMetrics(SM_CXFRAME) + padding;
+    const int below = GetSystemMetrics(SM_CYFRAME) + padding;
+    rectangle->left -= beside;
+    rectangle->right += beside;
+    rectangle->top -= below + GetSystemMetrics(SM_CYCAPTION);
+    rectangle->bottom += below;
+    return TRUE;
 }

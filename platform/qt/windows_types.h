@@ -25,6 +25,7 @@ using UINT = unsigned int;
 using INT = int;
 using LONG = std::int32_t;
 using ULONG = std::uint32_t;
+using UINT32 = std::uint32_t;
 using CHAR = char;
 using SHORT = short;
 using WCHAR = char16_t;
@@ -54,6 +55,7 @@ VETRA_HANDLE(HCURSOR);
 VETRA_HANDLE(HMENU);
 VETRA_HANDLE(HRGN);
 VETRA_HANDLE(HMONITOR);
+VETRA_HANDLE(HTOUCHINPUT);
 #undef VETRA_HANDLE
 using HMODULE = HINSTANCE;
 using HICON = HCURSOR;

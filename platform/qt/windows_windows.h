@@ -108,6 +108,8 @@ constexpr UINT WM_NCCREATE = 0x0081;
 constexpr UINT WM_KEYDOWN = 0x0100;
 constexpr UINT WM_KEYUP = 0x0101;
 constexpr UINT WM_CHAR = 0x0102;
+constexpr UINT WM_SYSKEYDOWN = 0x0104; ///< with Alt, or Alt itself; no character follows
+constexpr UINT WM_SYSKEYUP = 0x0105;
 constexpr UINT WM_MOUSEMOVE = 0x0200;
 constexpr UINT WM_LBUTTONDOWN = 0x0201;
 constexpr UINT WM_LBUTTONUP = 0x0202;
@@ -120,6 +122,7 @@ constexpr UINT WM_MOUSELEAVE = 0x02A3;
 constexpr UINT WM_USER = 0x0400;
 
 constexpr WPARAM SIZE_RESTORED = 0;
+constexpr WPARAM SIZE_MINIMIZED = 1;
 
 constexpr WPARAM MK_LBUTTON = 0x0001;
 constexpr WPARAM MK_RBUTTON = 0x0002;
@@ -166,6 +169,9 @@ constexpr DWORD TME_LEAVE = 0x00000002;
 constexpr DWORD MONITOR_DEFAULTTONEAREST = 2;
 constexpr int SM_CXSCREEN = 0;
 constexpr int SM_CYSCREEN = 1;
+constexpr int SM_CYCAPTION = 4;
+constexpr int SM_CXFRAME = 32;
+constexpr int SM_CYFRAME = 33;
 
 // The names of the system's cursors are numbers in the place of texts.
 #define IDC_ARROW reinterpret_cast<LPCSTR>(std::uintptr_t{32512})
@@ -206,10 +212,12 @@ WINAPI_CALL BOOL BringWindowToTop(HWND window);
 /// Null, too, while what is active is no window of this kind, as when it is a widget of Qt's.
 WINAPI_CALL HWND GetActiveWindow();
 
-/// Touches reach every window as mouse messages.
-WINAPI_CALL BOOL RegisterTouchWindow(HWND window, ULONG flags);
 WINAPI_CALL HWND GetParent(HWND window);
 WINAPI_CALL BOOL GetClientRect(HWND window, RECT* client);
+
+/// In screen coordinates. A top-level window with a title has a frame of SM_CXFRAME + 4 at its sides, SM_CYFRAME + 4 at
+/// its top and bottom and a caption of SM_CYCAPTION around its client area, whatever the desktop shows.
+WINAPI_CALL BOOL GetWindowRect(HWND window, RECT* rectangle);
 WINAPI_CALL BOOL ClientToScreen(HWND window, POINT* point);
 WINAPI_CALL BOOL ScreenToClient(HWND window, POINT* point);
 WINAPI_CALL BOOL SetWindowTextA(HWND window, LPCSTR text);
@@ -223,6 +231,8 @@ WINAPI_CALL BOOL EndPaint(HWND window, const PAINTSTRUCT* paint);
 WINAPI_CALL LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
 WINAPI_CALL BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last);
+
+/// A peek for some messages only (`last` is not 0) looks at what was posted and runs nothing else.
 WINAPI_CALL BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove);
 WINAPI_CALL BOOL TranslateMessage(const MSG* message);
 WINAPI_CALL LRESULT DispatchMessageA(const MSG* message);

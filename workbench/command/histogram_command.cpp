@@ -1,6 +1,7 @@
 #include "workbench/command/histogram_command.h"
 
 #include "histo/tool_histo.h"
+#include "histo/tool_histo_blow.h"
 #include "hostkit/embedding/panel_slot.h"
 #include "hostkit/structures/registry.h"
 #include "platform/qt/window_widget.h"
@@ -91,24 +92,58 @@ public:
     {
         if (request_.pictureFile.empty())
             return std::nullopt;
-        MoveWindow(slot_.window(), 0, 0, request_.width, request_.height, TRUE);
-        ShowWindow(slot_.window(), SW_SHOW);
-        const QImage picture = Window_Picture(slot_.window());
-        return document::replace_file(request_.pictureFile, static_cast<std::uint64_t>(picture.sizeInBytes()),
-            [&](const std::filesystem::path& file) -> MaybeFailure {
-                const QString name = QString::fromStdString(file.string());
-                if (picture.save(name, "PNG") && QImage(name) == picture)
-                    return std::nullopt;
-                return Failure{
-                    document::quoted(request_.pictureFile) +
-                    " could not be written whole; the disk may be full. Make room, or choose another folder."};
-            });
+        showPanel();
+        return saveWindow(slot_.window(), request_.pictureFile);
+    }
+
+    // The window is opened as a person does, by the panel's button.
+    MaybeFailure saveGraph()
+    {
+        if (request_.graphFile.empty())
+            return std::nullopt;
+        showPanel();
+        const Buttons& blow = panel().blow;
+        RECT client{};
+        GetClientRect(slot_.window(), &client);
+        Y_Cursor(slot_.window(), blow.x + blow.width / 2, client.bottom - 1 - (blow.y + blow.height / 2));
+        Histo_Graph_Display(request_.peaks, 0, 0);
+        panel().Click(leftPress);
+        const HWND graph = Histo_Graph_Window();
+        if (!graph)
+            return Failure{"The graph window could not be opened."};
+        if (request_.size)
+            MoveWindow(graph, 0, 0, request_.size->width, request_.size->height, TRUE);
+        UpdateWindow(graph);
+        return saveWindow(graph, request_.graphFile);
     }
 
     Tool_Histo& panel() { return slot_.panel(); }
     double factor() const { return tree_.greyFactor(); }
 
 private:
+    static constexpr int leftPress = 18;
+
+    void showPanel()
+    {
+        const auto [width, height] = request_.size.value_or(HistogramRequest::Size{320, 160});
+        MoveWindow(slot_.window(), 0, 0, width, height, TRUE);
+        ShowWindow(slot_.window(), SW_SHOW);
+    }
+
+    static MaybeFailure saveWindow(HWND window, const std::string& target)
+    {
+        const QImage picture = Window_Picture(window);
+        return document::replace_file(target, static_cast<std::uint64_t>(picture.sizeInBytes()),
+            [&](const std::filesystem::path& file) -> MaybeFailure {
+                const QString name = QString::fromStdString(file.string());
+                if (picture.save(name, "PNG") && QImage(name) == picture)
+                    return std::nullopt;
+                return Failure{
+                    document::quoted(target) +
+                    " could not be written whole; the disk may be full. Make room, or choose another folder."};
+            });
+    }
+
     const HistogramRequest& request_;
     FreshHost host_;
     document::Volume volume_;
@@ -126,7 +161,7 @@ void print(const std::string& text)
 int finish(HistogramRun& run)
 {
     int status = 0;
-    for (const auto part : {&HistogramRun::exportTable, &HistogramRun::savePicture}) {
+    for (const auto part : {&HistogramRun::exportTable, &HistogramRun::savePicture, &HistogramRun::saveGraph}) {
         if (const auto failure = (run.*part)()) {
             complain(failure->message);
             status = failed;

@@ -18,9 +18,14 @@ struct HistogramRequest {
     unsigned char separator = 0; ///< of the exported file; 0 a tab
     bool fit = false;
     bool json = false;
-    std::string exportFile; ///< empty: none
-    std::string pictureFile;
-    int width = 320, height = 160; ///< of the picture, pixels
+    std::string exportFile;  ///< empty: none
+    std::string pictureFile; ///< of the panel
+    std::string graphFile;   ///< picture of the graph window
+    int peaks = 0;           ///< in the graph window: 0 none, 1 their sum, 2 each of them
+    struct Size {
+        int width, height;
+    };
+    std::optional<Size> size; ///< of the pictures, pixels; each its own without
 };
 
 /// Does it; what it finds goes to standard output, why it could not be done to standard error.

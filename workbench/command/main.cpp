@@ -49,8 +49,10 @@ std::string take_frames(HistogramRequest& request, const std::string& text)
 std::string take_size(HistogramRequest& request, const std::string& text)
 {
     constexpr int most = 8192;
-    if (!parse_pair(text, 'x', false, request.width, request.height) || request.width > most || request.height > most)
-        return "give the size as WxH, in pixels up to 8192, e.g. 320x160";
+    HistogramRequest::Size size{};
+    if (!parse_pair(text, 'x', false, size.width, size.height) || size.width > most || size.height > most)
+        return "give the size as WxH, in pixels up to 8192, e.g. 800x400";
+    request.size = size;
     return {};
 }
 
@@ -98,7 +100,13 @@ void describe(CLI::App& command, HistogramRequest& request)
     command.add_option("--export", request.exportFile, "Write the histogram and the peaks for a spreadsheet")
         ->type_name("FILE.csv");
     command.add_option("--picture", request.pictureFile, "Draw the panel")->type_name("FILE.png");
-    add(command, request, "--size", take_size, "Of the picture, in pixels; 320x160 without")->type_name("WxH");
+    command.add_option("--graph", request.graphFile, "Draw the graph window")->type_name("FILE.png");
+    command.add_option("--peaks", request.peaks, "In the graph: off, composite or individual; needs --fit")
+        ->transform(
+            CLI::CheckedTransformer(std::map<std::string, int>{{"off", 0}, {"composite", 1}, {"individual", 2}}))
+        ->type_name("NAME");
+    add(command, request, "--size", take_size, "Of the pictures, in pixels; 320x160 and 800x400 without")
+        ->type_name("WxH");
     command.add_flag("--json", request.json, "Print one JSON object instead of a table");
 }
 

@@ -1,6 +1,5 @@
 #include "workbench/shell/panel_keys.h"
 
-#include "hostkit/embedding/mouse_words.h"
 #include "hostkit/embedding/panel_window.h"
 #include "platform/qt/window_widget.h"
 
@@ -48,9 +47,9 @@ int virtualKey(int key)
 int panelKeyCode(const QKeyEvent& event)
 {
     if (const int navigation = virtualKey(event.key()))
-        return hostkit::Key_Code_Of(WM_KEYDOWN, static_cast<WPARAM>(navigation));
+        return Parse_Keyboard(nullptr, WM_KEYDOWN, static_cast<WPARAM>(navigation), 0);
     const auto characters = event.text().toUcs4();
-    return characters.isEmpty() ? 0 : hostkit::Key_Code_Of(WM_CHAR, characters.front());
+    return characters.isEmpty() ? 0 : Parse_Keyboard(nullptr, WM_CHAR, characters.front(), 0);
 }
 
 PanelKeys::PanelKeys(std::vector<hostkit::Panel_Window*> panels, QObject* parent)

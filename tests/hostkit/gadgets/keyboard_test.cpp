@@ -1,0 +1,34 @@
+#include "host/gadgets.h"
+
+#include <gtest/gtest.h>
+
+TEST(KeyCodes, CharactersAndTheFourControlKeysAreThemselves)
+{
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_CHAR, 'a', 0), 'a');
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_CHAR, 0xe9, 0), 0xe9);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_CHAR, 0x20ac, 0), 0x20ac);
+    for (const int control : {8, 9, 13, 27})
+        EXPECT_EQ(Parse_Keyboard(nullptr, WM_CHAR, static_cast<WPARAM>(control), 0), control);
+}
+
+TEST(KeyCodes, OtherControlCharactersAreNotForwarded)
+{
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_CHAR, 19, 0), 0) << "Ctrl+S";
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_CHAR, 127, 0), 0) << "Delete comes as a key";
+}
+
+TEST(KeyCodes, NavigationKeysAre2048AndTheirCode)
+{
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, VK_PRIOR, 0), 2081);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, VK_NEXT, 0), 2082);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, VK_END, 0), 2083);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, VK_HOME, 0), 2084);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, VK_LEFT, 0), 2085);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, VK_UP, 0), 2086);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, VK_RIGHT, 0), 2087);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, VK_DOWN, 0), 2088);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, VK_INSERT, 0), 2093);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, VK_DELETE, 0), 2094);
+    for (const int code : {VK_SHIFT, VK_CONTROL, VK_F1, VK_RETURN, int{'A'}})
+        EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, static_cast<WPARAM>(code), 0), 0);
+}
