@@ -173,6 +173,10 @@ TEST_F(HistogramCounts, OnlyBitZeroMakesAColourFrame)
     EXPECT_EQ(record().flags, 0);
     EXPECT_EQ(counts(), (Counts{2, 2, 2, 0}));
     EXPECT_EQ(record().red, nullptr);
+    const auto real = colored(0, 1, 3);
+    compute({&real, &color});
+    EXPECT_EQ(counts(), (Counts{2, 2, 2, 0}));
+    EXPECT_EQ(counts_of(record(), record().red), (Counts{2, 2, 2, 0}));
 }
 
 TEST_F(HistogramCounts, ArraysThatAreNotThereAddNothing)

@@ -211,6 +211,7 @@ TEST_F(HistogramGrid, ANegativeWidthIsOneBin)
     EXPECT_EQ(record().min, 0.0f);
     EXPECT_EQ(record().width, -1.0f);
     EXPECT_EQ(shared_bins(), 1);
+    EXPECT_EQ(counts(), Counts{2}) << "of each the first bin: half a bin below is cut to the bin";
 }
 
 TEST_F(HistogramGrid, NotANumberPassesBy)

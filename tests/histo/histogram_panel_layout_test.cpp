@@ -1,5 +1,8 @@
 #include "tests/histo/histogram_panel.h"
 
+#include <tuple>
+#include <utility>
+
 // Where the panel's widgets are, and what its events answer.
 
 using namespace test;
@@ -10,6 +13,14 @@ using HistogramPanel = Histogram_Panel;
 namespace {
 
 using Lines = std::vector<std::string>;
+
+// As many ranges as there are indices: tag i from i + 0.25 to i + 0.5.
+template <size_t... i>
+int set_ranges(Tool_Histo& panel, std::index_sequence<i...>)
+{
+    const auto set = [&](auto... arguments) { return panel.Set(sizeof...(i), arguments...); };
+    return std::apply(set, std::tuple_cat(std::tuple(static_cast<int>(i), i + 0.25, i + 0.5)...));
+}
 
 void expect_place(const Tools& widget, int x, int y, int width, int height)
 {
@@ -202,6 +213,17 @@ TEST_F(HistogramPanel, RangesAreReplacedAsAWhole)
     EXPECT_EQ(panel.range_min[0], 0.1f);
     EXPECT_EQ(panel.Set(0), 1);
     EXPECT_EQ(panel.range_nb, 0);
+}
+
+TEST_F(HistogramPanel, ThirtyTwoRangesAreTaken)
+{
+    EXPECT_EQ(set_ranges(panel, std::make_index_sequence<32>()), 1);
+    ASSERT_EQ(panel.range_nb, 32);
+    for (int i = 0; i < 32; ++i) {
+        EXPECT_EQ(panel.range_tag[i], i);
+        EXPECT_EQ(panel.range_min[i], static_cast<float>(i) + 0.25f);
+        EXPECT_EQ(panel.range_max[i], static_cast<float>(i) + 0.5f);
+    }
 }
 
 TEST_F(HistogramPanel, TooManyOrTooFewRangesChangeNothing)

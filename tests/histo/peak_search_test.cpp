@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 // Searches for peaks in whole histograms.
 
@@ -271,6 +272,40 @@ TEST_F(PeakSearch, OfEmptyBinsTheFitStopsAtOnce)
     EXPECT_EQ(reports.texts(11).back(), "  -> Stop after \x01"
                                         "1\x02 iterations");
     EXPECT_TRUE(reports.texts(2).empty()) << "no peak is no failure";
+}
+
+TEST_F(PeakSearch, OfColoursTheChosenComponentIsSearched)
+{
+    panel.histo = panel_record(Histogram(0, 1, {5}, {Counts{1}, Counts{2}, Counts{3}, Counts{4}}));
+    const std::pair<int, double> smoothed[] = {
+        {0, 4}, {1, 1}, {2, 2}, {3, 3}, {4, 5}, {5, 0}, {127, 0}, {200, 0}, {255, 0}};
+    for (const auto& [component, value] : smoothed) {
+        panel.color_component = static_cast<unsigned char>(component);
+        EXPECT_EQ(panel.Fit(), 1);
+        EXPECT_EQ(panel.Peaks()->smooth[0], value) << component;
+    }
+    delete[] std::exchange(panel.histo->red, nullptr);
+    panel.color_component = 1;
+    panel.Fit();
+    EXPECT_EQ(panel.Peaks()->smooth[0], 0.0) << "what is not there is empty";
+    panel.histo->flags = 2;
+    for (const int component : {0, 2, 4, 200}) {
+        panel.color_component = static_cast<unsigned char>(component);
+        panel.Fit();
+        EXPECT_EQ(panel.Peaks()->smooth[0], 5.0) << "of no colour histogram the counts, whatever is chosen";
+    }
+    for (auto array : {&Histo_Record::green, &Histo_Record::blue, &Histo_Record::max_component})
+        delete[] std::exchange(panel.histo->*array, nullptr);
+}
+
+TEST_F(PeakSearch, WithoutAHistogramTheLastPeaksStay)
+{
+    search(bells(256, two_bells));
+    free_histogram();
+    reports.clear();
+    EXPECT_EQ(panel.Fit(), 1);
+    EXPECT_EQ(panel.Peaks()->nb, 2);
+    EXPECT_TRUE(reports.all().empty());
 }
 
 TEST_F(PeakSearch, WithoutBinsNothingIsTouched)
