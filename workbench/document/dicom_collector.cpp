@@ -20,17 +20,11 @@ std::string utf8(const std::string& text, const std::string& character_set)
 {
     if (character_set.find("192") != std::string::npos)
         return text;
-    const bool latin = character_set.find("100") != std::string::npos;
-    std::string converted;
-    for (const char c : text) {
-        const auto code = static_cast<unsigned char>(c);
-        if (code < 0x80)
-            converted += c;
-        else if (latin)
-            converted += {char(0xC0 | code >> 6), char(0x80 | (code & 0x3F))};
-        else
-            converted += '?';
-    }
+    if (character_set.find("100") != std::string::npos)
+        return from_latin1(text);
+    std::string converted = text;
+    std::replace_if(
+        converted.begin(), converted.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; }, '?');
     return converted;
 }
 
