@@ -96,6 +96,12 @@ void Series_Pixels_Changed(Strato_2D* series)
         store->forget_histograms();
 }
 
+Pixel_Size Frame_Size(const Strato_2D* frame)
+{
+    const auto& store = store_of(frame);
+    return store ? Pixel_Size{store->pixels().width, store->pixels().height} : Pixel_Size{};
+}
+
 double Series_Grey_Factor(Strato_2D* series)
 {
     const auto& store = store_of(series);

@@ -44,4 +44,13 @@ STRUCTURES_API void Series_Pixels_Changed(Strato_2D* series);
 /// What the grey values of a series are multiplied by before panels see them; 1 for nearly all.
 STRUCTURES_API double Series_Grey_Factor(Strato_2D* series);
 
+struct Pixel_Size {
+    int width = 0;
+    int height = 0;
+    bool operator==(const Pixel_Size&) const = default;
+};
+
+/// The size of a frame; 0 x 0 when it has no pixels.
+STRUCTURES_API Pixel_Size Frame_Size(const Strato_2D* frame);
+
 }

@@ -175,14 +175,17 @@ bool isSame(const std::filesystem::path& one, const std::filesystem::path& other
 // Results that would take the place of the image, or of each other.
 MaybeFailure checkTargets(const HistogramRequest& request, const document::Volume& volume)
 {
-    for (const auto& target : {request.exportFile, request.pictureFile}) {
-        const auto isTarget = [&](const std::string& file) { return isSame(file, target); };
+    const std::string* const targets[] = {&request.exportFile, &request.pictureFile, &request.graphFile};
+    for (const auto* target : targets) {
+        const auto isTarget = [&](const std::string& file) { return isSame(file, *target); };
         if (std::ranges::any_of(volume.files, isTarget) || std::ranges::any_of(request.inputs, isTarget))
-            return Failure{document::quoted(target) +
+            return Failure{document::quoted(*target) +
                            " is the image itself; the result would take its place. Choose another name."};
+        for (const auto* other : targets) {
+            if (other != target && !target->empty() && isSame(*target, *other))
+                return Failure{"Two results cannot be in one file. Choose another name for one of them."};
+        }
     }
-    if (!request.exportFile.empty() && isSame(request.exportFile, request.pictureFile))
-        return Failure{"The table and the picture cannot be in one file. Choose another name for one of them."};
     return std::nullopt;
 }
 

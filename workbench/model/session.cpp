@@ -48,7 +48,7 @@ std::optional<document::Failure> Session::adoptImage(document::Opened opened)
     const hostkit::Panel_Call until_complete; // panels and views hear of it when everything is in place
     try {
         const auto window = document::suggest_window(opened.volume);
-        auto image = std::make_unique<Image>(std::move(opened.volume), std::move(*labels));
+        auto image = std::make_shared<Image>(std::move(opened.volume), std::move(*labels));
         tree_.replace(image->volume, image->volume.frame_count() / 2);
         stroke_.reset();
         undo_.clear();
