@@ -41,8 +41,8 @@ void toggle_cursor(int x, int bottom, int height)
 void Joined_Points::add(POINT point)
 {
     if (used_ && point.x == last_.x) {
-        lowest_ = std::min(lowest_, point.y);
-        highest_ = std::max(highest_, point.y);
+        lowest_ = std::min(lowest_, last_.y);
+        highest_ = std::max(highest_, last_.y);
     } else {
         end_column();
         keep(point);
@@ -72,12 +72,15 @@ void Joined_Points::keep(POINT point)
     points_[used_++] = point;
 }
 
+// A line ends before its last point. So the extremes are those of the points before, and of these the far one comes
+// last: all between them is covered, and the last point only if the line has been there.
 void Joined_Points::end_column()
 {
     if (!used_)
         return;
-    keep({last_.x, lowest_});
-    keep({last_.x, highest_});
+    const bool ends_high = last_.y >= highest_;
+    keep({last_.x, ends_high ? highest_ : lowest_});
+    keep({last_.x, ends_high ? lowest_ : highest_});
     keep(last_);
 }
 

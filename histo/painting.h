@@ -75,7 +75,7 @@ private:
     std::array<POINT, capacity + 2> points_;
     std::size_t used_ = 0;
     POINT last_{};
-    LONG lowest_ = 0;
+    LONG lowest_ = 0; // of the column's points before the last
     LONG highest_ = 0;
 };
 

@@ -168,6 +168,8 @@ int Histo_Cursor(Tool_Histo* panel)
     if (pointer.found != histo::Pointer_Bin::Found::bin)
         return pointer.found == histo::Pointer_Bin::Found::no_value;
     const Geometry place(*panel);
+    if (place.empty())
+        return 1;
     const int x = int_part(static_cast<float>(pointer.bin) * place.x_scale + static_cast<float>(place.left));
     toggle_cursor(*panel, x);
     panel->cursor_x = x;

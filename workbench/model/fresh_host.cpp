@@ -4,7 +4,21 @@
 #include "hostkit/structures/segmentation.h"
 #include "hostkit/structures/tree.h"
 
+#include <QDir>
+#include <QFile>
+
 namespace workbench {
+
+namespace {
+
+// Files are offered to be written there; the name is put behind it.
+char* homeFolder()
+{
+    static QByteArray& folder = *new QByteArray(QFile::encodeName(QDir::homePath()) + '/');
+    return folder.data();
+}
+
+}
 
 FreshHost::FreshHost()
 {
@@ -16,6 +30,7 @@ FreshHost::FreshHost()
     hostkit::Brushes_Set(radii);
     hostkit::Variable<unsigned short>("$BRUSH_CUR") = 2;
     hostkit::Variable<unsigned short>("$TAG_CUR") = 1;
+    hostkit::String_Variable("$DEFAULT_FILE_PATH") = homeFolder();
 }
 
 }

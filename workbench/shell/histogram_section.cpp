@@ -108,6 +108,8 @@ QWidget* HistogramSection::makeButtonRow()
 {
     auto* row = new QWidget;
     auto* layout = rowIn(row);
+    fit_->setObjectName(QStringLiteral("fitPeaks"));
+    export_->setObjectName(QStringLiteral("exportHistogram"));
     layout->addWidget(quiet(fit_, tr("Find peaks and fit a Gaussian to each")), 1);
     layout->addWidget(quiet(export_, tr("Write histogram and peaks into a file for a spreadsheet")), 1);
     connect(fit_, &QPushButton::clicked, this, [this] { histogram_.fit(); });

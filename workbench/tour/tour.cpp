@@ -30,6 +30,9 @@ constexpr Step steps[] = {
     {"window", &TourSteps::changeWindow},
     {"zoom", &TourSteps::zoom},
     {"save", &TourSteps::save},
+    {"peaks", &TourSteps::fitPeaks},
+    {"export", &TourSteps::exportHistogram},
+    {"graph", &TourSteps::openGraph},
 };
 
 void play(const Step& step, int number, TourSteps& tour, const QDir& folder)

@@ -38,8 +38,12 @@ public:
     QString changeWindow();
     QString zoom();
     QString save();
+    QString fitPeaks();
+    QString exportHistogram(); ///< beside the label map
+    QString openGraph();
 
-    QImage picture() const { return driver_.picture(); }
+    /// What the last step left on the screen.
+    QImage picture() const;
 
 private:
     using Tags = std::vector<std::uint8_t>;

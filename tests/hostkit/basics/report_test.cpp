@@ -168,3 +168,25 @@ TEST(PlainText, LosesMarkupAndNothingElse)
         "e \xe2\x82\xac");
     EXPECT_EQ(Plain_Text("\xf1\x80\x80\x80"), "\xf1\x80\x80\x80") << "a UTF-8 character";
 }
+
+TEST_F(Reporting, WindowMessagesAreReportedByName)
+{
+    Flag_Trace = 8;
+    EXPECT_EQ(SystMessage_Stool(18, "Procedure", nullptr, WM_PAINT), 1);
+    EXPECT_EQ(SystMessage_Stool(18, "Procedure", nullptr, WM_POINTERUPDATE), 1);
+    EXPECT_EQ(SystMessage_Stool(18, "Procedure", nullptr, WM_USER + 1), 1);
+    EXPECT_EQ(SystMessage_Stool(4, nullptr, nullptr, WM_CLOSE), 1);
+    ASSERT_EQ(reports.size(), 4u);
+    EXPECT_EQ(reports[0].text, "Procedure: WM_PAINT");
+    EXPECT_EQ(reports[0].level, 18);
+    EXPECT_EQ(reports[1].text, "Procedure: WM_POINTERUPDATE");
+    EXPECT_EQ(reports[2].text, "Procedure: 0x0401");
+    EXPECT_EQ(reports[3].text, "---: WM_CLOSE");
+}
+
+TEST_F(Reporting, WindowMessagesAreReportedAtTheirLevelOnly)
+{
+    Flag_Trace = 7;
+    EXPECT_EQ(SystMessage_Stool(18, "Procedure", nullptr, WM_PAINT), 0);
+    EXPECT_TRUE(reports.empty());
+}

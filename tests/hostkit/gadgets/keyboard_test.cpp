@@ -32,3 +32,18 @@ TEST(KeyCodes, NavigationKeysAre2048AndTheirCode)
     for (const int code : {VK_SHIFT, VK_CONTROL, VK_F1, VK_RETURN, int{'A'}})
         EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYDOWN, static_cast<WPARAM>(code), 0), 0);
 }
+
+TEST(KeyCodes, WithAltAreThoseOfNavigationAlone)
+{
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_SYSKEYDOWN, VK_PRIOR, 0), 2081);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_SYSKEYDOWN, VK_DELETE, 0), 2094);
+    for (const int code : {VK_MENU, VK_F1, int{'A'}})
+        EXPECT_EQ(Parse_Keyboard(nullptr, WM_SYSKEYDOWN, static_cast<WPARAM>(code), 0), 0);
+}
+
+TEST(KeyCodes, OfOtherMessagesAreNone)
+{
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYUP, VK_PRIOR, 0), 0);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYUP, 'A', 0), 0);
+    EXPECT_EQ(Parse_Keyboard(nullptr, WM_MOUSEMOVE, 'A', 0), 0);
+}

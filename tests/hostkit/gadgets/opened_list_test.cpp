@@ -89,6 +89,19 @@ TEST_F(OpenedList, AClickChoosesAnItem)
     EXPECT_EQ(select.value, 0);
 }
 
+TEST_F(OpenedList, ItemsMayHaveAHeightOfTheirOwn)
+{
+    constexpr int height = 13;
+    select.item_height = height;
+    const Selects copy(select);
+    EXPECT_EQ(copy.item_height, height);
+    EXPECT_EQ(Open([&](HWND list) {
+        EXPECT_EQ(size_of(list).cy, 5 * height + 2);
+        click(list, {40, size_of(list).cy - 1 - height * 3 - height / 2 - 1});
+    }),
+        3);
+}
+
 TEST_F(OpenedList, ReleasingTheButtonThatOpenedItChoosesToo)
 {
     EXPECT_EQ(Open([&](HWND list) {
