@@ -69,7 +69,7 @@ void take_range(Window& graph, const Histo_Record& histogram, const Plot_Area& a
 
 void take_view(Window& graph)
 {
-    if (!graph.x.is_usable() || !graph.y.is_usable())
+    if (!graph.has_view())
         graph.zoomed = false; // a turn of the wheel can bring the scale to 0
     for (Graph_Axis* axis : {&graph.x, &graph.y}) {
         if (graph.zoomed)
@@ -288,8 +288,9 @@ void draw_ranges(const Window& graph)
 
 void clear(Window& graph)
 {
-    if (graph.band)
+    if (graph.banded)
         graph.selection.Draw(); // the band lay over its frame as well
+    graph.banded = false;
     graph.band.reset();
     graph.plot.Clear(graph.plot.back);
     graph.cursor_x = 0;
@@ -331,7 +332,7 @@ void move_cursor()
     if (graph.cursor_x != 0)
         toggle_cursor(graph.cursor_x, area.y, area.height);
     graph.cursor_x = 0;
-    if (!graph.has_histogram() || area.width < 1 || area.height < 1 || !graph.x.is_usable())
+    if (!graph.has_histogram() || area.width < 1 || area.height < 1 || !graph.has_view())
         return;
     const Pointer_Bin pointer = bin_under_pointer(*graph.owner);
     if (pointer.found != Pointer_Bin::Found::bin)
