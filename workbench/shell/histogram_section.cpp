@@ -17,6 +17,7 @@
 #include <QSpinBox>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace workbench {
 
@@ -121,16 +122,18 @@ void HistogramSection::layOut()
 {
     const double scale = fontMetrics().height() / 15.0;
     panelWidget_->setFixedHeight(static_cast<int>(panelHeight * std::max(1.0, scale)));
-    const float zoom = histogram_.zoom();
+    const float zoom = keptZoom_.value_or(histogram_.zoom());
     histogram_.host().Lay_Out();
     histogram_.setZoom(zoom);
 }
 
-// Another width lays the panel out; its zoom is the user's all the same.
+// Another width lays the panel out; its zoom is the user's all the same. There may be several before it is set again.
 bool HistogramSection::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == panelWidget_ && event->type() == QEvent::Resize)
-        QTimer::singleShot(0, this, [this, zoom = histogram_.zoom()] { histogram_.setZoom(zoom); });
+    if (watched == panelWidget_ && event->type() == QEvent::Resize && !keptZoom_) {
+        keptZoom_ = histogram_.zoom();
+        QTimer::singleShot(0, this, [this] { histogram_.setZoom(*std::exchange(keptZoom_, std::nullopt)); });
+    }
     return QWidget::eventFilter(watched, event);
 }
 
