@@ -52,7 +52,8 @@ protected:
             const std::string picture_name = "graph-" + name + "-" + std::to_string(width);
             keep_picture(window(), picture_name);
             const Plot_Area inner = plot();
-            drag({inner.x + inner.width / 5, inner.y + 2}, {inner.x + inner.width * 3 / 5, inner.y + inner.height * 2 / 3});
+            drag({inner.x + inner.width / 5, inner.y + 2},
+                {inner.x + inner.width * 3 / 5, inner.y + inner.height * 2 / 3});
             drag_to({0, 0});
             keep_picture(window(), picture_name + "-zoomed");
         }

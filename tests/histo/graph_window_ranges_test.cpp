@@ -49,10 +49,7 @@ protected:
     }
 
     /// Whether the range's area is at a grey value and a count.
-    bool filled(double grey, double count) const
-    {
-        return pixels_around(grey, count, color) >= 15;
-    }
+    bool filled(double grey, double count) const { return pixels_around(grey, count, color) >= 15; }
 };
 
 }
