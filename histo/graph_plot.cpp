@@ -93,16 +93,21 @@ void draw_axes(Window& graph)
 
 // ------------------------------------------------------------------------------------------------------- curves
 
-// Values of bins 0 .. count - 1, joined; bin i stands at its lower edge.
+// Values of bins 0 .. count - 1, joined; bin i stands at its lower edge. Within a level stretch, as a peak is nearly
+// everywhere, the ends are enough.
 template <class Value>
 void draw_values(const Window& graph, const Value* values, int count, Joined_Points& line)
 {
     const Histo_Record& histogram = *graph.owner->histo;
     Graph_Curve curve(graph.x, graph.y, line);
     const auto seen = Graph_Curve::seen_bins(graph.x, histogram.min, histogram.width, count);
-    for (int bin = seen.first; bin < seen.end; ++bin)
+    for (int bin = seen.first; bin < seen.end; ++bin) {
+        const bool inside = bin > seen.first && bin + 1 < seen.end;
+        if (inside && values[bin] == values[bin - 1] && values[bin] == values[bin + 1])
+            continue;
         curve.add(static_cast<double>(histogram.min) + bin * static_cast<double>(histogram.width),
             static_cast<double>(values[bin]));
+    }
     curve.finish();
 }
 

@@ -2,6 +2,7 @@
 
 #include "histo/tool_histo_blow.h"
 #include "hostkit/gadgets/select_chooser.h"
+#include "hostkit/structures/save_chooser.h"
 
 #include <cmath>
 
@@ -11,6 +12,9 @@ Graph_Window::Graph_Window()
 {
     hostkit::Variable<short>("$INTERFACE_BUTTON_DIM_BIG") = 24;
     Histo_Graph_Display(0, 0, 0);
+    // Nobody is there to answer an opened list or a dialog.
+    hostkit::Set_Select_Chooser([](const Selects&) { return -1; });
+    hostkit::Set_Save_Chooser([](const hostkit::Save_Question&) { return std::nullopt; });
 }
 
 Graph_Window::~Graph_Window()
@@ -18,6 +22,7 @@ Graph_Window::~Graph_Window()
     if (window())
         DestroyWindow(window());
     hostkit::Set_Select_Chooser(nullptr);
+    hostkit::Set_Save_Chooser(nullptr);
     Flag_Trace = 0;
 }
 
@@ -64,9 +69,9 @@ void Graph_Window::drag(Place from, Place to)
 
 void Graph_Window::choose(const Selects& list, int item)
 {
-    hostkit::Set_Select_Chooser([item](const Selects&) { return item; });
+    const auto before = hostkit::Set_Select_Chooser([item](const Selects&) { return item; });
     test::click(window(), middle(list));
-    hostkit::Set_Select_Chooser(nullptr);
+    hostkit::Set_Select_Chooser(before);
 }
 
 Counts Graph_Window::counts_of_bumps(int bins, const std::vector<Bump>& bumps)

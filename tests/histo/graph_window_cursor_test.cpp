@@ -191,8 +191,9 @@ TEST_F(GraphCursor, ALayoutLeavesNoGhost)
     move_to(0);
     resize(700, 350);
     const auto clean = picture();
-    SendMessageA(window(), WM_SIZE, SIZE_RESTORED, MAKELPARAM(700, 350));
     move_to(1);
+    SendMessageA(window(), WM_SIZE, SIZE_RESTORED, MAKELPARAM(700, 350));
+    SendMessageA(window(), WM_USER + 1, 0, 0);
     UpdateWindow(window());
     EXPECT_EQ(picture(), clean);
 }

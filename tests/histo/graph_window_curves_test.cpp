@@ -1,5 +1,7 @@
 #include "tests/histo/graph_window.h"
 
+#include "histo/tool_histo_blow.h"
+
 // The curves of the graph window: which, in which colour, and where.
 
 using namespace test;
@@ -71,7 +73,7 @@ TEST_F(GraphCurves, AGreyHistogramHasNoComponents)
 {
     give(Counts(101, 10u));
     open();
-    for (const unsigned char component : {0, 1, 2, 3, 4, 5}) {
+    for (const unsigned char component : std::initializer_list<unsigned char>{0, 1, 2, 3, 4, 5}) {
         show_component(component);
         EXPECT_GT(count_of(yellow), 500);
         EXPECT_EQ(count_of(red), 0);
@@ -85,7 +87,7 @@ TEST_F(GraphCurves, AColourHistogramShowsTheLargestComponentOrAllThreeOrGrey)
     show_component(0);
     EXPECT_EQ(counts_with(yellow), Numbers{50});
     EXPECT_EQ(count_of(red) + count_of(green) + count_of(blue), 0);
-    for (const unsigned char component : {1, 2, 3}) {
+    for (const unsigned char component : std::initializer_list<unsigned char>{1, 2, 3}) {
         show_component(component);
         EXPECT_EQ(counts_with(red), Numbers{20});
         EXPECT_EQ(counts_with(green), Numbers{30});
@@ -139,11 +141,11 @@ TEST_F(GraphCurves, NothingIsDrawnOutsideThePlot)
     open();
     Flag_Trace = 1;
     drag({px + 200, plot().y + 20}, {px + 260, plot().y + 60});
-    const Plot_Area area = plot();
+    const Plot_Area inner = plot();
     const Boxs& box = graph().plot;
     for (int y = box.y; y < box.y + box.height; ++y) {
         for (int x = box.x; x < box.x + box.width; ++x) {
-            if (x >= area.x && x <= area.x + area.width && y >= area.y && y <= area.y + area.height)
+            if (x >= inner.x && x <= inner.x + inner.width && y >= inner.y && y <= inner.y + inner.height)
                 continue;
             const Colors color = seen(x, y);
             ASSERT_TRUE(color != yellow && color != magenta && color != sum_color && color != slope_color)

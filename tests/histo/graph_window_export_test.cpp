@@ -124,7 +124,7 @@ TEST_F(GraphExport, AFileThatCannotBeWrittenIsReported)
     open();
     reports.clear();
     export_with([&](const auto&) { return std::optional(path("no/such/folder.csv")); });
-    EXPECT_EQ(reports.texts(2).size(), 1u);
+    EXPECT_FALSE(reports.texts(2).empty());
     EXPECT_EQ(graph().save.pressed, 0);
 }
 

@@ -195,7 +195,7 @@ TEST_F(GraphLayout, AnySizeIsHarmless)
     }
     EXPECT_EQ(place(graph().selection), (Numbers{5, 129, 790, 266}));
     test::click(window(), middle(graph().reset));
-    EXPECT_GT(count_of(yellow), 500);
+    EXPECT_GT(count_of(yellow), 300);
 }
 
 TEST_F(GraphLayout, AMinimisedWindowKeepsItsLayoutAndItsZoom)

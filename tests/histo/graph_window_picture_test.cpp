@@ -49,12 +49,13 @@ protected:
             resize(width, height);
             test::click(window(), middle(graph().reset));
             drag_to({0, 0});
-            const std::string size = "-" + std::to_string(width);
-            keep_picture(window(), "graph-" + name + size);
-            const Plot_Area area = plot();
-            drag({area.x + area.width / 5, area.y + 2}, {area.x + area.width * 3 / 5, area.y + area.height * 2 / 3});
+            const std::string picture_name = "graph-" + name + "-" + std::to_string(width);
+            keep_picture(window(), picture_name);
+            const Plot_Area inner = plot();
+            drag({inner.x + inner.width / 5, inner.y + 2},
+                {inner.x + inner.width * 3 / 5, inner.y + inner.height * 2 / 3});
             drag_to({0, 0});
-            keep_picture(window(), "graph-" + name + size + "-zoomed");
+            keep_picture(window(), picture_name + "-zoomed");
         }
     }
 };

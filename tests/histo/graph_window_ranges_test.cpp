@@ -32,17 +32,24 @@ protected:
     /// Whether the band's checker is at a grey value, high above the counts.
     bool banded(double grey) const
     {
-        const int x = x_of(grey), y = y_of(900);
+        const int x = x_of(grey) + 1, y = y_of(900) + 1; // beside the grid
         const bool here = seen(x, y) == color, right = seen(x + 1, y) == color;
         return here != right && (seen(x, y + 1) == color) == right;
     }
 
-    /// Whether the range's area is at a grey value and a count.
-    bool filled(double grey, double count) const
+    /// How many of 25 pixels have a colour; lines of the axes' grid may cross there.
+    int pixels_around(double grey, double count, Colors of) const
     {
-        const int x = x_of(grey), y = y_of(count);
-        return seen(x, y) == color && seen(x, y + 1) == color;
+        int found = 0;
+        for (int dy = -2; dy <= 2; ++dy) {
+            for (int dx = -2; dx <= 2; ++dx)
+                found += seen(x_of(grey) + dx, y_of(count) + dy) == of;
+        }
+        return found;
     }
+
+    /// Whether the range's area is at a grey value and a count.
+    bool filled(double grey, double count) const { return pixels_around(grey, count, color) >= 15; }
 };
 
 }
@@ -56,7 +63,7 @@ TEST_F(GraphRanges, HaveABandAndFilledCounts)
     EXPECT_FALSE(banded(19));
     EXPECT_FALSE(banded(41));
     EXPECT_TRUE(filled(21, 100));
-    EXPECT_TRUE(filled(30, 480));
+    EXPECT_TRUE(filled(30, 470));
     EXPECT_TRUE(filled(39.5, 300));
     EXPECT_FALSE(filled(30, 520));
     EXPECT_FALSE(filled(19, 100));
@@ -97,11 +104,12 @@ TEST_F(GraphRanges, BoundsAreRoundedTowardZeroAfterAHalf)
 
 TEST_F(GraphRanges, OfOneBinHaveItsCount)
 {
-    show(30, 30);
-    EXPECT_TRUE(filled(30, 100));
-    EXPECT_TRUE(filled(30, 480));
-    EXPECT_FALSE(filled(29, 100));
-    EXPECT_FALSE(filled(31, 100));
+    show(33, 33);
+    EXPECT_EQ(pixels_around(33, 150, color), 5);
+    EXPECT_EQ(pixels_around(33, 450, color), 5);
+    EXPECT_EQ(pixels_around(33, 550, color), 0);
+    EXPECT_EQ(pixels_around(32, 150, color), 0);
+    EXPECT_EQ(pixels_around(34, 150, color), 0);
 }
 
 TEST_F(GraphRanges, AreCutToTheHistogramAndThePlot)
@@ -134,7 +142,7 @@ TEST_F(GraphRanges, ThatThePlotLiesInsideAreAllOfIt)
 {
     show(20, 40);
     drag({x_of(25), y_of(100)}, {x_of(35), y_of(300)});
-    EXPECT_GE(count_of(color), pw * ph);
+    EXPECT_GE(count_of(color), pw * ph * 9 / 10) << "but for the grid";
 }
 
 TEST_F(GraphRanges, FillTheCountsOfTheComponent)
@@ -169,6 +177,6 @@ TEST_F(GraphRanges, LaterOnesLieOverEarlierOnes)
     Histo_Graph_Display(0, 1, 0);
     changed();
     EXPECT_TRUE(filled(30, 200));
-    EXPECT_EQ(seen(x_of(50), y_of(200)), other);
-    EXPECT_EQ(seen(x_of(70), y_of(200)), other);
+    EXPECT_GE(pixels_around(50, 200, other), 15);
+    EXPECT_GE(pixels_around(70, 200, other), 15);
 }

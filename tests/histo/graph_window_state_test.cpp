@@ -174,7 +174,7 @@ TEST_F(GraphState, EventsAreTracedFromLevelFourOn)
 {
     give(Counts(101, 10u));
     open();
-    for (const signed char level : {3, 4}) {
+    for (const signed char level : std::initializer_list<signed char>{3, 4}) {
         const bool traced = level >= 4;
         const auto expected = [&](const char* line) { return traced ? Lines{line} : Lines{}; };
         EXPECT_EQ(traces_of(level,

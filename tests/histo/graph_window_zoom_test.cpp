@@ -156,7 +156,7 @@ TEST_F(GraphZoom, TheWheelTurnsForEver)
     open();
     for (int i = 0; i < 400; ++i)
         turn(center, -120);
-    for (int i = 0; i < 400; ++i)
+    for (int i = 0; i < 600; ++i)
         turn(center, 120);
     expect_view(everything);
     EXPECT_GT(count_of(yellow), 500);
