@@ -54,8 +54,8 @@ TEST_F(Tour, LeavesPicturesAndLabelsAndEndsWell)
 
     const QStringList lines = tour.output.split('\n', Qt::SkipEmptyParts);
     const QStringList pictures = QDir(out).entryList({"*.png"}, QDir::Files, QDir::Name);
-    ASSERT_EQ(lines.size(), 12) << tour.output.toStdString();
-    ASSERT_EQ(pictures.size(), 12);
+    ASSERT_EQ(lines.size(), 13) << tour.output.toStdString();
+    ASSERT_EQ(pictures.size(), 13);
     EXPECT_EQ(lines.front(), "01 open: image.nii, 60 x 50 x 7");
     EXPECT_EQ(pictures.front(), "01-open.png");
     for (const QString& picture : pictures)
