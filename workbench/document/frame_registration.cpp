@@ -8,11 +8,11 @@ namespace document {
 
 namespace {
 
-constexpr int levels = 4;         // each half as large as the one before
-constexpr int iterations = 20;    // on each level
-constexpr float smoothing = 2.5f; // of the field after each step: standard deviation, pixels
-constexpr float longest_step = 1; // pixels
-constexpr int least_side = 16;    // of a coarser level, pixels
+constexpr int levels = 4;            // each half as large as the one before
+constexpr int iterations = 10;       // on each level
+constexpr float smoothing = 2;       // of the field after each step: standard deviation, pixels
+constexpr float longest_step = 0.5f; // pixels
+constexpr int least_side = 16;       // of a coarser level, pixels
 
 float value_at(const Plane& plane, float x, float y)
 {
