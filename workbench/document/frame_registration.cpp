@@ -8,23 +8,18 @@ namespace document {
 
 namespace {
 
-constexpr int levels = 4;         // each half as large as the one before
-constexpr int iterations = 20;    // on each level
-constexpr float smoothing = 2.5f; // of the field after each step: standard deviation, pixels
-constexpr float longest_step = 1; // pixels
-constexpr int least_side = 16;    // of a coarser level, pixels
+constexpr int levels = 4;            // each half as large as the one before
+constexpr int iterations = 10;       // on each level
+constexpr float smoothing = 2;       // of the field after each step: standard deviation, pixels
+constexpr float longest_step = 0.5f; // pixels
+constexpr int least_side = 16;       // of a coarser level, pixels
 
-/// Between pixels; beyond the rim the nearest pixel counts.
 float value_at(const Plane& plane, float x, float y)
 {
-    x = std::clamp(x, 0.0f, float(plane.width - 1));
-    y = std::clamp(y, 0.0f, float(plane.height - 1));
-    const int left = int(x), top = int(y);
-    const int right = std::min(left + 1, plane.width - 1), bottom = std::min(top + 1, plane.height - 1);
-    const float ax = x - float(left), ay = y - float(top);
-    const float upper = plane.at(left, top) + ax * (plane.at(right, top) - plane.at(left, top));
-    const float lower = plane.at(left, bottom) + ax * (plane.at(right, bottom) - plane.at(left, bottom));
-    return upper + ay * (lower - upper);
+    const auto [left, top, right, bottom, across, down] = corners_at(plane.width, plane.height, x, y);
+    const float upper = plane.at(left, top) + across * (plane.at(right, top) - plane.at(left, top));
+    const float lower = plane.at(left, bottom) + across * (plane.at(right, bottom) - plane.at(left, bottom));
+    return upper + down * (lower - upper);
 }
 
 /// Half as wide and high, each pixel the mean of four.
@@ -135,18 +130,30 @@ void refine(Displacement& field, const Plane& fixed, const Plane& moving)
     }
 }
 
+/// The field found on coarser levels, refined on this one. Very large planes are left at what the coarser ones tell.
 Displacement registered(const Plane& fixed, const Plane& moving, int coarser)
 {
+    constexpr std::size_t most_pixels = 1 << 19;
+    const bool is_refined = fixed.values.size() <= most_pixels;
     const int width = fixed.width, height = fixed.height;
     Displacement field{Plane(width, height), Plane(width, height)};
-    if (coarser > 0 && std::min(width, height) >= 2 * least_side) {
-        const auto half = registered(halved(fixed), halved(moving), coarser - 1);
+    if ((coarser > 0 || !is_refined) && std::min(width, height) >= 2 * least_side) {
+        const auto half = registered(halved(fixed), halved(moving), is_refined ? coarser - 1 : coarser);
         field = {doubled(half.dx, width, height), doubled(half.dy, width, height)};
     }
-    refine(field, fixed, moving);
+    if (is_refined)
+        refine(field, fixed, moving);
     return field;
 }
 
+}
+
+Corners corners_at(int width, int height, float x, float y)
+{
+    x = std::clamp(x, 0.0f, float(width - 1));
+    y = std::clamp(y, 0.0f, float(height - 1));
+    const int left = int(x), top = int(y);
+    return {left, top, std::min(left + 1, width - 1), std::min(top + 1, height - 1), x - float(left), y - float(top)};
 }
 
 Displacement register_planes(const Plane& fixed, const Plane& moving)

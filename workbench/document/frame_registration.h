@@ -16,6 +16,14 @@ struct Plane {
     float at(int x, int y) const { return values[std::size_t(y) * std::size_t(width) + std::size_t(x)]; }
 };
 
+/// The four pixels around a place between pixels, and how far it is from the first to the last, 0 to 1. Beyond the rim
+/// the nearest pixels count.
+struct Corners {
+    int left, top, right, bottom;
+    float across, down;
+};
+Corners corners_at(int width, int height, float x, float y);
+
 /// Where each pixel of one plane is found in another: at (x + dx, y + dy).
 struct Displacement {
     Plane dx, dy;

@@ -87,11 +87,7 @@ void normalise(Plane& first, Plane& second)
 /// The tag that covers most of a pixel's area at a place between pixels.
 std::uint8_t tag_at(const Tags& tags, int width, int height, float x, float y)
 {
-    x = std::clamp(x, 0.0f, float(width - 1));
-    y = std::clamp(y, 0.0f, float(height - 1));
-    const int left = int(x), top = int(y);
-    const int right = std::min(left + 1, width - 1), bottom = std::min(top + 1, height - 1);
-    const float ax = x - float(left), ay = y - float(top);
+    const auto [left, top, right, bottom, ax, ay] = corners_at(width, height, x, y);
     const auto tag = [&](int column, int row) {
         return tags[std::size_t(row) * std::size_t(width) + std::size_t(column)];
     };

@@ -3,13 +3,13 @@
 #include "platform/qt/window_widget.h"
 #include "workbench/histogram/peak_table.h"
 #include "workbench/model/session.h"
+#include "workbench/shell/quiet_row.h"
 #include "workbench/shell/theme.h"
 
 #include <algorithm>
 #include <cmath>
 #include <QComboBox>
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
@@ -26,23 +26,6 @@ namespace {
 using Choice = FrameSelection::Choice;
 
 constexpr int panelHeight = 140; // at the usual size
-
-QHBoxLayout* rowIn(QWidget* row)
-{
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(theme::smallSpacing);
-    return layout;
-}
-
-// A widget that leaves the keys to the image once it was used.
-template <class Widget>
-Widget* quiet(Widget* widget, const QString& toolTip)
-{
-    widget->setFocusPolicy(Qt::TabFocus);
-    widget->setToolTip(toolTip);
-    return widget;
-}
 
 // As many digits as a fit is worth; counts are whole.
 QString number(double value)

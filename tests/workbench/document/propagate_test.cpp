@@ -163,6 +163,19 @@ INSTANTIATE_TEST_SUITE_P(Types, PropagateEveryType,
         return name;
     });
 
+TEST(Propagate, VeryLargeFramesAreAdaptedToo)
+{
+    constexpr int side = 1200;
+    const auto grey = [](int x, int y, int z) {
+        return 20 + 80 * std::clamp((400 + 20 * z - std::hypot(x - 600, y - 600)) / 10 + 0.5, 0.0, 1.0);
+    };
+    const auto volume = made_volume(PixelType::u8, side, side, grey);
+    const Tags source = disc(side, 600, 600, 400), truth = disc(side, 600, 600, 420);
+    const Tags result = carry(volume, 0, 1, source, Tags(source.size()), CarryMode::adapt, all_free());
+    EXPECT_LT(dice(source, truth), 0.96);
+    EXPECT_GT(dice(result, truth), 0.99);
+}
+
 TEST(Propagate, NeighbouringTagsStayNeighbours)
 {
     constexpr int side = 96;
