@@ -12,6 +12,7 @@ namespace workbench {
 Session::Session(QObject* parent) : QObject(parent)
 {
     updates_ = hostkit::On_Update([this](unsigned long long flags) { hostChanged(flags); });
+    connect(&markers_, &Markers::savedChanged, this, &Session::titleChanged);
 }
 
 Session::~Session()
@@ -61,6 +62,7 @@ std::optional<document::Failure> Session::adoptImage(document::Opened opened)
     labelPath_.clear();
     firstRevision_ = revision_ = savedRevision_ = ++lastRevision_;
     selection_.reset();
+    markers_.reset();
     emit imageChanged();
     emit titleChanged();
     return {};

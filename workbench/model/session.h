@@ -5,6 +5,7 @@
 #include "workbench/model/frame_selection.h"
 #include "workbench/model/fresh_host.h"
 #include "workbench/model/image_tree.h"
+#include "workbench/model/markers.h"
 #include "workbench/model/propagation.h"
 #include "workbench/model/stroke.h"
 #include "workbench/model/tag_table.h"
@@ -78,8 +79,11 @@ public:
     /// Whether the labels differ from that file, or from an empty map when there is none. Exact through undo and redo.
     bool areLabelsModified() const { return revision_ != savedRevision_; }
 
-    /// Whether anything would be lost with the session: labels, or names, colours and thresholds of tags.
-    bool isModified() const { return areLabelsModified() || table_.isModified(); }
+    /// Whether anything would be lost with the image: labels or markers.
+    bool isImageWorkModified() const { return areLabelsModified() || markers_.isModified(); }
+
+    /// Whether anything would be lost with the session: labels, markers, or names, colours and thresholds of tags.
+    bool isModified() const { return isImageWorkModified() || table_.isModified(); }
 
     // ------------------------------------------------------------------------------------------------- the frames
 
@@ -190,9 +194,16 @@ public:
     /// the image is no longer open or memory is short
     bool adoptPropagation(const Propagation& work);
 
+    // ----------------------------------------------------------------------------------------------------- markers
+
+    /// The points that are set in the image.
+    Markers& markers() { return markers_; }
+    const Markers& markers() const { return markers_; }
+
     // -------------------------------------------------------------------------------------------------------- undo
 
-    /// Strokes, loaded labels, propagations and changes of tags; each step has a text. An undo takes back a stroke in progress first.
+    /// Strokes, loaded labels, propagations, changes of tags and of markers; each step has a text. An undo takes back a
+    /// stroke in progress first.
     QUndoStack& undoStack() { return undo_; }
 
 signals:
@@ -243,6 +254,7 @@ private:
     ImageTree tree_;
     FrameSelection selection_{tree_};
     TagTable table_;
+    Markers markers_{*this};
     std::shared_ptr<Image> image_; // work in other threads may still need its pixels
     std::unique_ptr<Stroke> stroke_;
     QString strokeText_;
