@@ -2,6 +2,7 @@
 // folder that holds vol_i16.raw and fit_*.bin, these are what is counted and fitted; else data of the same kind.
 
 #include "histo/tool_histo.h"
+#include "histo/tool_histo_blow.h"
 #include "hostkit/embedding/panel_slot.h"
 #include "hostkit/structures/histogram_counting.h"
 #include "hostkit/structures/registry.h"
@@ -338,6 +339,56 @@ BENCHMARK(find_and_fit)
     ->Args({4096, 20})
     ->Args({65535, 20})
     ->Unit(benchmark::kMillisecond);
+
+// ----------------------------------------------------------------------------------------------- the graph window
+
+// A panel with 20 peaks in 65,535 bins, and its graph window at 1600 x 900.
+struct Shown_Graph {
+    Shown_Graph() : shown(65535)
+    {
+        Histo_Record& histogram = *shown.slot.panel().histo;
+        const Fit_Case given = make_case(histogram.nb_bins, 20);
+        std::transform(given.data.begin(), given.data.end(), histogram.count,
+            [](double value) { return static_cast<unsigned>(std::lround(value)); });
+        histogram.max_count = *std::max_element(histogram.count, histogram.count + histogram.nb_bins);
+        histo::peak_settings.last_crossing = 0;
+        shown.slot.panel().Fit();
+        const Buttons& blow = shown.slot.panel().blow;
+        RECT client{};
+        GetClientRect(shown.slot.window(), &client);
+        Y_Cursor(shown.slot.window(), blow.x + 1, client.bottom - 2 - blow.y);
+        Histo_Graph_Display(2, 0, 1);
+        shown.slot.panel().Click(18);
+        MoveWindow(Histo_Graph_Window(), 0, 0, 1600, 900, TRUE);
+        UpdateWindow(Histo_Graph_Window());
+    }
+    Shown_Panel shown;
+};
+
+void graph_redraw(benchmark::State& state)
+{
+    Shown_Graph graph;
+    for (auto _ : state) {
+        InvalidateRect(Histo_Graph_Window(), nullptr, TRUE);
+        UpdateWindow(Histo_Graph_Window());
+    }
+    state.counters["peaks"] = graph.shown.slot.panel().Peaks()->nb;
+}
+BENCHMARK(graph_redraw)->Unit(benchmark::kMillisecond);
+
+void graph_cursor(benchmark::State& state)
+{
+    Shown_Graph graph;
+    Strato_2D* frame = hostkit::Root_2D()->Child_Get_Pt(0)->Child_Get_Pt(0);
+    hostkit::Object_Variable<Strato_2D>("$FRAME_OVR") = frame;
+    auto* mouse = static_cast<float*>(hostkit::Variable_Define("$MOUSE_FRM", hostkit::Variable_Type::Four_Floats));
+    int x = 0;
+    for (auto _ : state) {
+        mouse[1] = static_cast<float>(++x % 65535);
+        SendMessageA(Histo_Graph_Window(), WM_USER + 1, 0, 0);
+    }
+}
+BENCHMARK(graph_cursor)->Unit(benchmark::kMillisecond);
 
 }
 

@@ -7,7 +7,7 @@ namespace histo {
 
 bool Graph_Axis::is_usable() const
 {
-    return std::isfinite(scale) && scale > 0 && std::isfinite(origin);
+    return size > 0 && std::isfinite(scale) && scale > 0 && std::isfinite(origin);
 }
 
 double Graph_Axis::pixel_of(double value) const

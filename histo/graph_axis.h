@@ -15,6 +15,7 @@ struct Graph_Axis {
     int size = 0;  ///< pixels of the plot
 
     float end() const { return origin + static_cast<float>(size) * scale; }
+    /// Whether values have places: not before a range was taken, nor with a scale that is 0 or less.
     bool is_usable() const;
 
     /// Where a value stands, pixels; may lie far outside.

@@ -1,5 +1,7 @@
 #include "histo/graph_curve.h"
 
+#include "histo/int_part.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -23,8 +25,7 @@ Graph_Curve::Bins Graph_Curve::seen_bins(const Graph_Axis& x, float min, float w
         return {0, count};
     const double first = std::floor((static_cast<double>(x.origin) - min) / width) - 1;
     const double last = std::ceil((static_cast<double>(x.end()) - min) / width) + 1;
-    const auto bin = [count](
-                         double place) { return static_cast<int>(std::clamp(place, 0.0, static_cast<double>(count))); };
+    const auto bin = [count](double place) { return std::clamp(int_part(place), 0, count); };
     return {bin(first), bin(last + 1)};
 }
 
@@ -33,8 +34,7 @@ void Graph_Curve::add(double grey, double count)
     const Point point{x_.pixel_of(grey), y_.pixel_of(count)};
     if (!std::isfinite(point.x) || !std::isfinite(point.y))
         return;
-    if (begun_)
-        add_segment(last_, point);
+    add_segment(begun_ ? last_ : point, point);
     begun_ = true;
     last_ = point;
 }

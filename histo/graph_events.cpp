@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace histo::graph {
 
@@ -48,13 +49,13 @@ void zoom_to_drag(Window& graph)
     Error_Fct(hwnd, frame::level::notice, "org: %.2f/%.2f  scale: %.2f/%.2f", static_cast<double>(graph.x.origin),
         static_cast<double>(graph.y.origin), static_cast<double>(graph.x.scale), static_cast<double>(graph.y.scale));
     plot();
-    graph.band.reset();
 }
 
+// A band that stays on the screen goes with the next plot.
 void end_drag(Window& graph)
 {
-    graph.dragging = false;
-    ReleaseCapture();
+    stop_drag();
+    graph.band.reset();
     const int width = std::abs(graph.drag_end.x - graph.drag_start.x);
     const int height = std::abs(graph.drag_end.y - graph.drag_start.y);
     if (graph.has_histogram() && width >= least_zoom && height >= least_zoom)
@@ -73,9 +74,8 @@ void reset_zoom(Window& graph)
 {
     show_pressed(graph.reset, true);
     graph.zoomed = false;
-    graph.dragging = false;
+    stop_drag();
     plot();
-    graph.band.reset();
     show_pressed(graph.reset, false);
 }
 
@@ -149,10 +149,17 @@ void draw_band()
         if (graph.dragging) {
             graph.band = spanned(graph.drag_start, graph.drag_end);
             toggle_band(*graph.band);
+            graph.banded = true;
         }
         SelectObject(Y_DC, brush_before);
     }
     RestoreDC(Y_DC, saved);
+}
+
+void stop_drag()
+{
+    if (std::exchange(the_window().dragging, false))
+        ReleaseCapture();
 }
 
 void click(Place place, int up_down)
@@ -193,7 +200,7 @@ int scroll(Place place, int steps)
 {
     trace("Mode Histo: Histo_Blow_Scroll()");
     Window& graph = the_window();
-    if (graph.has_histogram() && graph.plot.Select(0) && graph.x.size > 0 && graph.y.size > 0) {
+    if (graph.has_histogram() && graph.plot.Select(0) && graph.has_view()) {
         const float factor = static_cast<float>(steps + 10) / 10.0f;
         graph.x.zoom_at(place.x, factor);
         graph.y.zoom_at(place.y, factor);
@@ -218,7 +225,7 @@ void pinch(float move_x, float move_y, float zoom_x, float zoom_y)
     constexpr float least = 0.09f, most = 1.1f;
     Window& graph = the_window();
     const auto within = [](float factor) { return factor >= least && factor <= most; };
-    if (!graph.has_histogram() || !within(zoom_x) || !within(zoom_y))
+    if (!graph.has_view() || !graph.has_histogram() || !within(zoom_x) || !within(zoom_y))
         return;
     graph.x.move(-graph.x.scale * move_x);
     graph.y.move(graph.y.scale * move_y);

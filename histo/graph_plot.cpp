@@ -69,7 +69,7 @@ void take_range(Window& graph, const Histo_Record& histogram, const Plot_Area& a
 
 void take_view(Window& graph)
 {
-    if (!graph.x.is_usable() || !graph.y.is_usable())
+    if (!graph.has_view())
         graph.zoomed = false; // a turn of the wheel can bring the scale to 0
     for (Graph_Axis* axis : {&graph.x, &graph.y}) {
         if (graph.zoomed)
@@ -93,16 +93,21 @@ void draw_axes(Window& graph)
 
 // ------------------------------------------------------------------------------------------------------- curves
 
-// Values of bins 0 .. count - 1, joined; bin i stands at its lower edge.
+// Values of bins 0 .. count - 1, joined; bin i stands at its lower edge. Within a level stretch, as a peak is nearly
+// everywhere, the ends are enough.
 template <class Value>
 void draw_values(const Window& graph, const Value* values, int count, Joined_Points& line)
 {
     const Histo_Record& histogram = *graph.owner->histo;
     Graph_Curve curve(graph.x, graph.y, line);
     const auto seen = Graph_Curve::seen_bins(graph.x, histogram.min, histogram.width, count);
-    for (int bin = seen.first; bin < seen.end; ++bin)
+    for (int bin = seen.first; bin < seen.end; ++bin) {
+        const bool inside = bin > seen.first && bin + 1 < seen.end;
+        if (inside && values[bin] == values[bin - 1] && values[bin] == values[bin + 1])
+            continue;
         curve.add(static_cast<double>(histogram.min) + bin * static_cast<double>(histogram.width),
             static_cast<double>(values[bin]));
+    }
     curve.finish();
 }
 
@@ -288,8 +293,9 @@ void draw_ranges(const Window& graph)
 
 void clear(Window& graph)
 {
-    if (graph.band)
+    if (graph.banded)
         graph.selection.Draw(); // the band lay over its frame as well
+    graph.banded = false;
     graph.band.reset();
     graph.plot.Clear(graph.plot.back);
     graph.cursor_x = 0;
@@ -331,7 +337,7 @@ void move_cursor()
     if (graph.cursor_x != 0)
         toggle_cursor(graph.cursor_x, area.y, area.height);
     graph.cursor_x = 0;
-    if (!graph.has_histogram() || area.width < 1 || area.height < 1 || !graph.x.is_usable())
+    if (!graph.has_histogram() || area.width < 1 || area.height < 1 || !graph.has_view())
         return;
     const Pointer_Bin pointer = bin_under_pointer(*graph.owner);
     if (pointer.found != Pointer_Bin::Found::bin)

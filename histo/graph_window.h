@@ -39,7 +39,8 @@ struct Window {
 
     bool dragging = false;
     Place drag_start, drag_end;
-    std::optional<RECT> band; ///< the rubber band that is on the screen
+    std::optional<RECT> band; ///< the rubber band on the screen that the next one takes the place of
+    bool banded = false;      ///< a band has been drawn since the last plot; part of it may lie beside the plot
 
     Boxs outer, selection, plot;
     Buttons reset, save;
@@ -52,6 +53,7 @@ struct Window {
 
     bool has_histogram() const;
     bool has_peaks() const;
+    bool has_view() const { return x.is_usable() && y.is_usable(); } ///< from a plot
     Peak_Display peak_display() const { return static_cast<Peak_Display>(peak_select.value); }
     bool shows_tags() const { return tag_select.value == 1; }
     bool shows_cursor() const { return cursor_select.value == 1; }
@@ -76,6 +78,7 @@ void move_cursor();
 
 void click(Place place, int up_down);
 void motion(Place place, int up_down);
+void stop_drag();
 int scroll(Place place, int steps);
 void key();
 

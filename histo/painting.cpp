@@ -54,7 +54,7 @@ void Joined_Points::add(POINT point)
 void Joined_Points::finish()
 {
     end_column();
-    if (used_ > 1)
+    if (used_ > 0)
         join(points_.data(), static_cast<int>(used_));
     used_ = 0;
 }
@@ -86,7 +86,8 @@ void Joined_Points::end_column()
 
 void Joined_Line::join(POINT* points, int count)
 {
-    Polyline(Y_DC, points, count);
+    if (count > 1)
+        Polyline(Y_DC, points, count);
 }
 
 void Joined_Area::join(POINT* points, int count)

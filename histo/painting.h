@@ -62,8 +62,8 @@ public:
     void finish();
 
 protected:
-    /// Joins some of the points; the last of them is the first of the next some. There is room for two more behind
-    /// them.
+    /// Joins some of the points, at least one; the last of them is the first of the next some. There is room for two
+    /// more behind them.
     virtual void join(POINT* points, int count) = 0;
 
 private:

@@ -60,8 +60,10 @@ void created(HWND window, const CREATESTRUCTA* description)
     graph.width = static_cast<short>(client.right);
     graph.height = static_cast<short>(client.bottom);
     graph.zoomed = false;
+    graph.x = graph.y = {};
     graph.dragging = false;
     graph.band.reset();
+    graph.banded = false;
     graph.cursor_x = 0;
     graph.wheel = 0;
     lay_out(window);
@@ -145,7 +147,7 @@ LRESULT touch(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
     Gesture_Record gesture{};
     if (!Fct_Pointer_Touch(window, message, wparam, lparam, &gesture))
         return DefWindowProcA(window, message, wparam, lparam);
-    the_window().dragging = false;
+    stop_drag();
     drain(window, WM_MOUSEMOVE);
     pinch(gesture.move_x, gesture.move_y, gesture.zoom_x, gesture.zoom_y);
     return 0;
@@ -188,8 +190,9 @@ LRESULT CALLBACK WndProc_Histo_Blow(HWND window, UINT message, WPARAM wparam, LP
     case WM_KEYUP:
     case WM_CHAR:
     case WM_SYSKEYDOWN:
-        if (Parse_Keyboard(window, message, wparam, lparam))
-            key();
+        if (!Parse_Keyboard(window, message, wparam, lparam))
+            return DefWindowProcA(window, message, wparam, lparam); // Alt and F4 close it
+        key();
         return 0;
     case WM_MOUSEMOVE: {
         const int buttons = held_buttons();
