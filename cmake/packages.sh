@@ -1,6 +1,7 @@
 # The Debian packages that the project needs, and installing those that are missing.
 
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev libgl-dev libinsighttoolkit5-dev libgdcm-dev libgdcm-tools
+  libdcmtk-dev libopenjp2-7-dev libcharls-dev
   libeigen3-dev libstb-dev libcli11-dev libgtest-dev googletest libbenchmark-dev zlib1g-dev nlohmann-json3-dev fonts-dejavu-core)
 sample_packages=(mricron-data)
 windows_packages=(g++-mingw-w64-x86-64-posix)

@@ -183,7 +183,8 @@ void draw()
     graph.reset.Draw();
     graph.save.Draw();
     graph.peak_select.state = peaks ? state::select_list : state::greyed_select_list;
-    graph.peak_select.Draw();
+    if (graph.peak_select.Count() > 0) // else it lies where the second button is
+        graph.peak_select.Draw();
     graph.tag_select.Draw();
     graph.cursor_select.Draw();
     graph.selection.Draw();

@@ -307,7 +307,7 @@ private:
 };
 
 /// A one-line select list: its caption, the current item behind it, and an arrow. A press opens the list of all items.
-/// Without items it draws nothing and takes no event.
+/// Without items it takes no event.
 class GADGETS_API Selects : public Tools {
 public:
     unsigned short value = 0; ///< the index of the current item

@@ -28,14 +28,14 @@ refuse 'hostkit/ names a panel' "$include\"(frame|tools|db|histo|workbench)/" ho
 refuse 'platform/ knows no layer' "$include\"(frame|tools|db|histo|host|hostkit|workbench)/" platform
 refuse 'Qt outside platform/qt and workbench' "$include[<\"]Q[A-Za-z]" frame tools db histo host hostkit examples \
   workbench/document tests/hostkit tests/frame tests/tools tests/histo tests/support tests/examples
-refuse 'ITK outside workbench/document' "$include[<\"](itk|gdcm)" frame tools db histo host hostkit platform examples
+refuse 'ITK or a decoder outside workbench/document' "$include[<\"](itk|gdcm|dcmtk|openjpeg|charls)" frame tools db histo host hostkit platform examples
 refuse 'A platform switch above platform/' '_WIN32|__linux__|__APPLE__' frame tools db histo host hostkit workbench examples
 refuse 'An include that is not written from the top' "$include\"(\.\./|\./|[^/\"]+\")" \
   frame tools db histo host hostkit platform workbench examples tests bench
 
-# ITK in the workbench stays in its folder of documents.
-hits=$(sources workbench | grep -v '^workbench/document/' | xargs -r grep -nE "$include[<\"](itk|gdcm)")
-[ -z "$hits" ] || { printf 'ITK outside workbench/document:\n%s\n' "$hits"; wrong=1; }
+# ITK and decoders in the workbench stay in its folder of documents.
+hits=$(sources workbench | grep -v '^workbench/document/' | xargs -r grep -nE "$include[<\"](itk|gdcm|dcmtk|openjpeg|charls)")
+[ -z "$hits" ] || { printf 'ITK or a decoder outside workbench/document:\n%s\n' "$hits"; wrong=1; }
 
 # The check must be able to fail.
 probe=$(mktemp -d) && mkdir "$probe/frame" && printf '#include "hostkit/x.h"\n' >"$probe/frame/probe.h"

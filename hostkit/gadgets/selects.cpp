@@ -80,7 +80,7 @@ unsigned Selects::Look() const
 void Selects::Draw()
 {
     drawn_ = 0;
-    if (!Shown() || Count() == 0 || !window || width <= 0 || height <= 0)
+    if (!Shown() || !window || width <= 0 || height <= 0)
         return;
     const Paint paint(window, "Selects::Draw");
     const Area area = hostkit::area_of(*this);

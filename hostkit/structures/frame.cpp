@@ -3,7 +3,6 @@
 #include "hostkit/structures/strato_record.h"
 
 #include <memory>
-#include <new>
 
 namespace {
 
@@ -31,41 +30,42 @@ void report_left_out(const Strato* series, unsigned long long pixels)
 void report_no_memory(const Strato* series)
 {
     constexpr int warning = 2;
-    Error_Fct(hwnd, warning, "There is not enough memory for the histograms of \"%s\". Close other images.",
+    Error_Fct(hwnd, warning,
+        "There is not enough memory for the histograms of \"%s\". Close other programs and open it again.",
         series ? series->Name_Get() : "");
 }
 
-bool is_counted(Strato_2D_Frame* frame)
+// Counting may find that grey values need a power of ten, which the unit of all frames names then.
+void count(Strato_2D* series, Pixel_Store& store)
+{
+    if (!store.count())
+        return;
+    if (store.lacks_memory())
+        report_no_memory(series);
+    report_left_out(series, store.histograms().left_out);
+    for (int i = 0; series && i < series->Child_Get_Nb(); ++i)
+        set_unit(static_cast<Strato_2D_Frame*>(series->Child_Get_Pt(i)));
+}
+
+bool is_counted(const Strato_2D_Frame* frame)
 {
     const auto& store = store_of(frame);
     if (!store)
         return false;
-    try {
-        const bool first_time = !store->has_histograms();
-        const auto& histograms = store->histograms();
-        if (first_time)
-            report_left_out(frame->Parent_Get_Pt(), histograms.left_out);
-        return frame->index_z < histograms.frames.size();
-    } catch (const std::bad_alloc&) {
-        report_no_memory(frame->Parent_Get_Pt());
-        return false;
-    }
+    count(frame->Parent_Get_Pt(), *store);
+    return frame->index_z < store->histograms().frames.size();
 }
 
 }
 
 const Histo_Record* Strato_2D_Frame::Histogram_Get()
 {
-    if (!is_counted(this))
-        return nullptr;
-    set_unit(this); // counting may have found that it needs a power of ten
-    return &store_of(this)->histograms().frames[index_z];
+    return is_counted(this) ? &store_of(this)->histograms().frames[index_z] : nullptr;
 }
 
 int Strato_2D_Frame::Value_Get(const Vector_4& position)
 {
-    const auto& store = store_of(this);
-    return store ? store->raw(position.x, position.y, position.z) : no_value;
+    return is_counted(this) ? store_of(this)->raw(position.x, position.y, position.z) : no_value;
 }
 
 float Fct_GLI_2_Float(Strato_2D_Frame* frame, int raw)
@@ -96,15 +96,19 @@ void Series_Pixels_Changed(Strato_2D* series)
         store->forget_histograms();
 }
 
-double Series_Grey_Factor(const Strato_2D* series)
+Pixel_Size Frame_Size(const Strato_2D* frame)
 {
-    try {
-        const auto& store = store_of(series);
-        return store ? store->factor() : 1.0;
-    } catch (const std::bad_alloc&) {
-        report_no_memory(series);
+    const auto& store = store_of(frame);
+    return store ? Pixel_Size{store->pixels().width, store->pixels().height} : Pixel_Size{};
+}
+
+double Series_Grey_Factor(Strato_2D* series)
+{
+    const auto& store = store_of(series);
+    if (!store)
         return 1.0;
-    }
+    count(series, *store);
+    return store->factor();
 }
 
 }

@@ -2,12 +2,14 @@
 
 #include "hostkit/structures/parallel.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 #include <memory>
 #include <mutex>
 #include <type_traits>
+#include <utility>
 
 namespace hostkit {
 
@@ -63,6 +65,16 @@ Series_Histograms make_records(const Grid& grid, int frames)
     return made;
 }
 
+// So that panels leave nothing out.
+void keep_within_grid(Series_Histograms& histograms)
+{
+    const int last = last_kept_bin(histograms.frames.front());
+    for (Histo_Record& record : histograms.frames) {
+        for (int bin = last + 1; bin < record.nb_bins; ++bin)
+            record.count[last] += std::exchange(record.count[bin], 0u);
+    }
+}
+
 void find_largest_counts(Series_Histograms& histograms)
 {
     for (Histo_Record& record : histograms.frames) {
@@ -79,26 +91,24 @@ void find_largest_counts(Series_Histograms& histograms)
 class Level_Grid {
 public:
     Level_Grid(const Series_Pixels& pixels, std::int64_t lowest, std::int64_t highest)
-        : first_(pixels.slope < 0 ? highest : lowest), downward_(pixels.slope < 0)
     {
         const std::int64_t levels = highest - lowest + 1;
-        per_bin_ = (levels + most_bins - 1) / most_bins;
-        grid_.bins = static_cast<int>((levels + per_bin_ - 1) / per_bin_);
-        const double least = grey(pixels, first_), most = grey(pixels, downward_ ? lowest : highest);
-        exponent_ = std::max(std::abs(least), std::abs(most)) > 1e6 ? decimal_exponent_for(least, most) : 0;
+        bins_.downward = pixels.slope < 0;
+        bins_.first = bins_.downward ? highest : lowest;
+        bins_.per_bin = (levels + most_bins - 1) / most_bins;
+        grid_.bins = static_cast<int>((levels + bins_.per_bin - 1) / bins_.per_bin);
+        const double least = grey(pixels, bins_.first), most = grey(pixels, bins_.downward ? lowest : highest);
+        const double width = std::abs(pixels.slope) * static_cast<double>(bins_.per_bin);
+        exponent_ = exponent_for(least, most, width);
         const double factor = std::pow(10.0, exponent_);
         grid_.min = static_cast<float>(least * factor);
         if (levels > 1)
-            grid_.width = static_cast<float>(std::abs(pixels.slope) * static_cast<double>(per_bin_) * factor);
+            grid_.width = static_cast<float>(width * factor);
     }
 
     const Grid& grid() const { return grid_; }
+    const Level_Bins& bins() const { return bins_; }
     int decimal_exponent() const { return exponent_; }
-    std::size_t bin_of(std::int64_t stored) const
-    {
-        const std::int64_t level = downward_ ? first_ - stored : stored - first_;
-        return static_cast<std::size_t>(per_bin_ == 1 ? level : level / per_bin_);
-    }
 
 private:
     static double grey(const Series_Pixels& pixels, std::int64_t stored)
@@ -106,12 +116,30 @@ private:
         return static_cast<double>(stored) * pixels.slope + pixels.intercept;
     }
 
-    std::int64_t first_;
-    bool downward_;
-    std::int64_t per_bin_ = 1;
+    // Whole numbers are left as they are, unless panels would lose them: beyond one million, or within so little that
+    // the one grey value that panels add to the range is most of it.
+    static int exponent_for(double least, double most, double width)
+    {
+        constexpr double largest_shown = 1e6, least_range = 0.1;
+        const double reach = std::max({std::abs(least), std::abs(most), least < most ? width : 0.0});
+        if (reach > largest_shown)
+            return decimal_exponent_for(-reach, reach);
+        return most - least < least_range ? decimal_exponent_for(least, most) : 0;
+    }
+
+    Level_Bins bins_;
     int exponent_ = 0;
     Grid grid_;
 };
+
+Series_Histograms make_level_records(const Series_Pixels& pixels, std::int64_t lowest, std::int64_t highest)
+{
+    const Level_Grid grid(pixels, lowest, highest);
+    Series_Histograms made = make_records(grid.grid(), pixels.frames);
+    made.levels = grid.bins();
+    made.decimal_exponent = grid.decimal_exponent();
+    return made;
+}
 
 // What a frame of 8- or 16-bit pixels was counted as: from its lowest to its highest value.
 template <class Pixel>
@@ -206,27 +234,31 @@ Series_Histograms count_small(const Series_Pixels& pixels)
         lowest = std::min<std::int64_t>(lowest, frame.lowest);
         highest = std::max<std::int64_t>(highest, frame.lowest + static_cast<std::int64_t>(frame.counts.size()) - 1);
     }
-    const Level_Grid grid(pixels, lowest, highest);
-    Series_Histograms result = make_records(grid.grid(), pixels.frames);
-    result.decimal_exponent = grid.decimal_exponent();
+    Series_Histograms result = make_level_records(pixels, lowest, highest);
     for (std::size_t z = 0; z < counted.size(); ++z) {
         for (std::size_t i = 0; i < counted[z].counts.size(); ++i)
-            result.frames[z].count[grid.bin_of(counted[z].lowest + static_cast<std::int64_t>(i))] +=
+            result.frames[z].count[result.levels.bin_of(counted[z].lowest + static_cast<std::int64_t>(i))] +=
                 counted[z].counts[i];
     }
     return result;
 }
 
-// What lies between the smallest and the largest finite value.
+// What lies between the smallest and the largest value.
 template <class Value>
 struct Range {
     Value lowest = std::numeric_limits<Value>::max();
     Value highest = std::numeric_limits<Value>::lowest();
-    unsigned long long left_out = 0;
+    unsigned long long left_out = 0; // neither finite
 
     bool empty() const { return lowest > highest; }
     void take(Value value)
     {
+        if constexpr (std::is_floating_point_v<Value>) {
+            if (!std::isfinite(value)) {
+                ++left_out;
+                return;
+            }
+        }
         lowest = std::min(lowest, value);
         highest = std::max(highest, value);
     }
@@ -238,21 +270,18 @@ struct Range {
     }
 };
 
-template <class Pixel>
-Range<Pixel> range_of(const Series_Pixels& pixels)
+// Of what `value` makes of each pixel.
+template <class Pixel, class Value_Of>
+auto range_of(const Series_Pixels& pixels, const Value_Of& value)
 {
-    Range<Pixel> all;
+    Range<decltype(value(Pixel{}))> all;
     std::mutex adding;
     share_work(pixels.frames, [&](const auto& next) {
-        Range<Pixel> mine;
+        decltype(all) mine;
         for (int z = next(); z < pixels.frames; z = next()) {
             const Pixel* frame = frame_of<Pixel>(pixels, z);
-            for (std::size_t i = 0; i < frame_pixels(pixels); ++i) {
-                if (!std::is_floating_point_v<Pixel> || std::isfinite(static_cast<double>(frame[i])))
-                    mine.take(frame[i]);
-                else
-                    ++mine.left_out;
-            }
+            for (std::size_t i = 0; i < frame_pixels(pixels); ++i)
+                mine.take(value(frame[i]));
         }
         const std::lock_guard lock(adding);
         all.take(mine);
@@ -263,16 +292,14 @@ Range<Pixel> range_of(const Series_Pixels& pixels)
 template <class Pixel>
 Series_Histograms count_large(const Series_Pixels& pixels)
 {
-    const auto range = range_of<Pixel>(pixels);
-    const Level_Grid grid(pixels, range.lowest, range.highest);
-    Series_Histograms result = make_records(grid.grid(), pixels.frames);
-    result.decimal_exponent = grid.decimal_exponent();
-    share_work(pixels.frames, [&](const auto& next) {
+    const auto range = range_of<Pixel>(pixels, [](Pixel stored) { return stored; });
+    Series_Histograms result = make_level_records(pixels, range.lowest, range.highest);
+    share_work(pixels.frames, [&, levels = result.levels](const auto& next) {
         for (int z = next(); z < pixels.frames; z = next()) {
             const Pixel* frame = frame_of<Pixel>(pixels, z);
             unsigned* counts = result.frames[static_cast<std::size_t>(z)].count;
             for (std::size_t i = 0; i < frame_pixels(pixels); ++i)
-                ++counts[grid.bin_of(frame[i])];
+                ++counts[levels.bin_of(frame[i])];
         }
     });
     return result;
@@ -283,18 +310,17 @@ Series_Histograms count_large(const Series_Pixels& pixels)
 template <class Pixel>
 Series_Histograms count_float(const Series_Pixels& pixels)
 {
-    const auto range = range_of<Pixel>(pixels);
+    const auto plain = [&](Pixel stored) { return static_cast<double>(stored) * pixels.slope + pixels.intercept; };
+    const auto range = range_of<Pixel>(pixels, plain);
     if (range.empty()) {
         Series_Histograms none;
         none.left_out = range.left_out;
         return none;
     }
-    const auto plain = [&](double stored) { return stored * pixels.slope + pixels.intercept; };
-    const double one = plain(static_cast<double>(range.lowest)), other = plain(static_cast<double>(range.highest));
-    const int exponent = decimal_exponent_for(std::min(one, other), std::max(one, other));
+    const int exponent = decimal_exponent_for(range.lowest, range.highest);
     const double factor = std::pow(10.0, exponent);
-    Grid grid{static_cast<float>(std::min(one, other) * factor), 1, 1, 1};
-    const auto width = static_cast<float>(std::abs(one - other) * factor / float_bins);
+    Grid grid{static_cast<float>(range.lowest * factor), 1, 1, 1};
+    const auto width = static_cast<float>((range.highest * factor - range.lowest * factor) / float_bins);
     if (width > 0) {
         grid.bins = float_bins;
         grid.width = width;
@@ -302,17 +328,14 @@ Series_Histograms count_float(const Series_Pixels& pixels)
     Series_Histograms result = make_records(grid, pixels.frames);
     result.decimal_exponent = exponent;
     result.left_out = range.left_out;
-    const auto last = static_cast<float>(grid.bins - 1);
     share_work(pixels.frames, [&](const auto& next) {
         for (int z = next(); z < pixels.frames; z = next()) {
             const Pixel* frame = frame_of<Pixel>(pixels, z);
-            unsigned* counts = result.frames[static_cast<std::size_t>(z)].count;
+            const Histo_Record& record = result.frames[static_cast<std::size_t>(z)];
             for (std::size_t i = 0; i < frame_pixels(pixels); ++i) {
-                const auto stored = static_cast<double>(frame[i]);
-                if (!std::isfinite(stored))
-                    continue;
-                const auto grey = static_cast<float>(plain(stored) * factor);
-                ++counts[static_cast<std::size_t>(std::clamp((grey - grid.min) / grid.width, 0.0f, last))];
+                const double grey = plain(frame[i]);
+                if (std::isfinite(grey))
+                    ++record.count[nearest_bin(record, static_cast<float>(grey * factor))];
             }
         }
     });
@@ -368,32 +391,14 @@ Series_Histograms count_type(const Series_Pixels& pixels)
 
 }
 
-int decimal_exponent_for(double lowest, double highest)
-{
-    constexpr double least_range = 1e3, most = 1e6;
-    constexpr int last_exponent = 300;
-    const double range = highest - lowest, largest = std::max(std::abs(lowest), std::abs(highest));
-    int exponent = 0;
-    while (largest * std::pow(10.0, exponent) > most && exponent > -last_exponent)
-        --exponent;
-    if (exponent < 0 || range <= 0)
-        return exponent;
-    while (range * std::pow(10.0, exponent) < least_range && largest * std::pow(10.0, exponent + 1) <= most &&
-           exponent < last_exponent)
-        ++exponent;
-    return exponent;
-}
-
-float grey_value(const Series_Pixels& pixels, int decimal_exponent, double stored)
-{
-    return static_cast<float>((stored * pixels.slope + pixels.intercept) * std::pow(10.0, decimal_exponent));
-}
-
 Series_Histograms count_series(const Series_Pixels& pixels)
 {
     if (!pixels.data || pixels.frames <= 0 || frame_pixels(pixels) == 0)
         return {};
     Series_Histograms result = count_type(pixels);
+    if (result.frames.empty())
+        return result;
+    keep_within_grid(result);
     find_largest_counts(result);
     return result;
 }

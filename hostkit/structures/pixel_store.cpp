@@ -1,35 +1,17 @@
 #include "hostkit/structures/pixel_store.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <limits>
+#include <new>
+#include <type_traits>
 
 namespace hostkit {
 
 namespace {
 
 constexpr int largest_raw = Strato_2D_Frame::no_value_yet - 1;
-
-// A raw value is a stored whole number, or the bits of a floating-point one: the codes for "no value" are no number as
-// bits, and the two whole numbers that they would be are taken for their neighbour.
-template <class Pixel>
-int raw_of(Pixel stored)
-{
-    if constexpr (std::is_floating_point_v<Pixel>) {
-        const auto number = static_cast<float>(stored);
-        return std::isnan(number) ? Strato_2D_Frame::no_value : std::bit_cast<int>(number);
-    } else {
-        const int raw = static_cast<int>(stored);
-        return raw > largest_raw ? largest_raw : raw;
-    }
-}
-
-template <class Pixel>
-int raw_at(const Series_Pixels& pixels, std::size_t index)
-{
-    return raw_of(static_cast<const Pixel*>(pixels.data)[index]);
-}
 
 int color_at(const Series_Pixels& pixels, std::size_t index)
 {
@@ -52,18 +34,40 @@ bool is_below(double position, int end)
 
 }
 
-const Series_Histograms& Pixel_Store::histograms()
+bool Pixel_Store::count()
 {
-    if (!histograms_) {
+    if (tried_)
+        return false;
+    tried_ = true;
+    try {
+        histograms_ = {}; // two at once may be too many
         histograms_ = count_series(pixels_);
-        unit_ = with_power_of_ten(histograms_->decimal_exponent, pixels_.unit);
+        unit_ = with_power_of_ten(histograms_.decimal_exponent, pixels_.unit);
+        lacks_memory_ = false;
+    } catch (const std::bad_alloc&) {
+        histograms_ = {};
+        lacks_memory_ = true;
     }
-    return *histograms_;
+    return true;
 }
 
-double Pixel_Store::factor()
+double Pixel_Store::factor() const
 {
-    return std::pow(10.0, histograms().decimal_exponent);
+    return std::pow(10.0, histograms_.decimal_exponent);
+}
+
+// The codes for "no value" are no floating-point number; the two whole numbers that they would be are taken for their
+// neighbour.
+template <class Pixel>
+int Pixel_Store::raw_at(std::size_t index) const
+{
+    const Pixel stored = static_cast<const Pixel*>(pixels_.data)[index];
+    if constexpr (std::is_floating_point_v<Pixel>) {
+        const float grey = grey_value(pixels_, histograms_.decimal_exponent, static_cast<double>(stored));
+        return std::isfinite(grey) ? std::bit_cast<int>(grey) : Strato_2D_Frame::no_value;
+    } else {
+        return std::min(static_cast<int>(stored), largest_raw);
+    }
 }
 
 int Pixel_Store::raw(double x, double y, double z) const
@@ -75,43 +79,38 @@ int Pixel_Store::raw(double x, double y, double z) const
     const std::size_t index = row * static_cast<std::size_t>(pixels_.width) + static_cast<std::size_t>(x);
     switch (pixels_.type) {
     case Pixel_Type::u8:
-        return raw_at<std::uint8_t>(pixels_, index);
+        return raw_at<std::uint8_t>(index);
     case Pixel_Type::i8:
-        return raw_at<std::int8_t>(pixels_, index);
+        return raw_at<std::int8_t>(index);
     case Pixel_Type::u16:
-        return raw_at<std::uint16_t>(pixels_, index);
+        return raw_at<std::uint16_t>(index);
     case Pixel_Type::i16:
-        return raw_at<std::int16_t>(pixels_, index);
+        return raw_at<std::int16_t>(index);
     case Pixel_Type::u32:
-        return raw_at<std::uint32_t>(pixels_, index);
+        return raw_at<std::uint32_t>(index);
     case Pixel_Type::i32:
-        return raw_at<std::int32_t>(pixels_, index);
+        return raw_at<std::int32_t>(index);
     case Pixel_Type::f32:
-        return raw_at<float>(pixels_, index);
+        return raw_at<float>(index);
     case Pixel_Type::f64:
-        return raw_at<double>(pixels_, index);
+        return raw_at<double>(index);
     case Pixel_Type::rgb:
         break;
     }
     return color_at(pixels_, index);
 }
 
-double Pixel_Store::stored(int raw) const
+float Pixel_Store::grey(int raw) const
 {
-    switch (pixels_.type) {
-    case Pixel_Type::f32:
-    case Pixel_Type::f64:
-        return std::bit_cast<float>(raw);
-    case Pixel_Type::u32:
-        return static_cast<std::uint32_t>(raw);
-    default:
-        return raw;
-    }
-}
-
-float Pixel_Store::grey(int raw)
-{
-    return grey_value(pixels_, histograms().decimal_exponent, stored(raw));
+    const auto level =
+        pixels_.type == Pixel_Type::u32 ? std::int64_t{static_cast<std::uint32_t>(raw)} : std::int64_t{raw};
+    const float value = is_floating() ? std::bit_cast<float>(raw)
+                                      : grey_value(pixels_, histograms_.decimal_exponent, static_cast<double>(level));
+    if (histograms_.frames.empty())
+        return value;
+    const Histo_Record& grid = histograms_.frames.front();
+    const std::size_t bin = is_floating() ? nearest_bin(grid, value) : histograms_.levels.bin_of(level);
+    return bin < grid.nb_bins ? value_in_bin(grid, bin, value) : value;
 }
 
 }

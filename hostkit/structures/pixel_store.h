@@ -2,7 +2,7 @@
 
 #include "hostkit/structures/histogram_counting.h"
 
-#include <optional>
+#include <string>
 
 namespace hostkit {
 
@@ -13,28 +13,35 @@ public:
 
     const Series_Pixels& pixels() const { return pixels_; }
 
-    /// The histograms; counted when they are first asked for. Throws std::bad_alloc.
-    const Series_Histograms& histograms();
-    bool has_histograms() const { return histograms_.has_value(); }
-    void forget_histograms() { histograms_.reset(); }
+    /// Counts the histograms, unless that was tried since the pixels changed. @return whether it was tried now
+    bool count();
+    bool lacks_memory() const { return lacks_memory_; } ///< to count
+    void forget_histograms() { tried_ = false; }
 
-    /// What grey values are multiplied by. Throws std::bad_alloc.
-    double factor();
+    /// What was counted; no frames when nothing was.
+    const Series_Histograms& histograms() const { return histograms_; }
 
-    /// The unit of grey values as panels see them.
+    /// What grey values are multiplied by.
+    double factor() const;
+
+    /// The unit of grey values as panels see them; another text after `count`.
     char* unit() { return unit_.data(); }
 
-    /// The raw value at pixel (x, y) of frame z.
+    /// The raw value at pixel (x, y) of frame z: a stored whole number, or the bits of a floating-point grey value.
     int raw(double x, double y, double z) const;
 
-    /// The grey value of a raw value. Throws std::bad_alloc.
-    float grey(int raw);
+    /// The grey value of a raw value.
+    float grey(int raw) const;
 
 private:
-    double stored(int raw) const;
+    template <class Pixel>
+    int raw_at(std::size_t index) const;
+    bool is_floating() const { return pixels_.type == Pixel_Type::f32 || pixels_.type == Pixel_Type::f64; }
 
     Series_Pixels pixels_;
-    std::optional<Series_Histograms> histograms_;
+    Series_Histograms histograms_;
+    bool tried_ = false;
+    bool lacks_memory_ = false;
     std::string unit_ = pixels_.unit;
 };
 

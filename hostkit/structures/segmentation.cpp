@@ -54,6 +54,16 @@ void free_labels(std::span<char*> labels)
     }
 }
 
+bool set_label(char*& label, const char* text)
+{
+    char* copy = text && *text ? strdup(text) : nullptr;
+    if (!copy && text && *text)
+        return false;
+    std::free(label);
+    label = copy;
+    return true;
+}
+
 void reset_tags()
 {
     free_labels(tag_label);
@@ -143,12 +153,7 @@ const char* Tag_Label(unsigned tag)
 
 bool Tag_Label_Set(unsigned tag, const char* label)
 {
-    char* copy = label && *label ? strdup(label) : nullptr;
-    if (!copy && label && *label)
-        return false;
-    std::free(tag_label[tag]);
-    tag_label[tag] = copy;
-    return true;
+    return set_label(tag_label[tag], label);
 }
 
 bool Tag_Locked(unsigned tag)
@@ -159,6 +164,38 @@ bool Tag_Locked(unsigned tag)
 void Tag_Lock(unsigned tag, bool locked)
 {
     tag_lock[tag] = locked;
+}
+
+Colors Marker_Color(unsigned marker)
+{
+    const unsigned word = marker_color[marker];
+    return {static_cast<unsigned char>(word), static_cast<unsigned char>(word >> 8),
+        static_cast<unsigned char>(word >> 16)};
+}
+
+void Marker_Color_Set(unsigned marker, Colors color)
+{
+    marker_color[marker] = color.get();
+}
+
+const char* Marker_Label(unsigned marker)
+{
+    return marker_label[marker];
+}
+
+bool Marker_Label_Set(unsigned marker, const char* label)
+{
+    return set_label(marker_label[marker], label);
+}
+
+bool Marker_Enabled(unsigned marker)
+{
+    return marker_enable[marker] != 0;
+}
+
+void Marker_Enable(unsigned marker, bool enabled)
+{
+    marker_enable[marker] = enabled;
 }
 
 bool Brushes_Set(std::span<const unsigned short> radii)

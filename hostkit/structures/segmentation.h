@@ -31,6 +31,14 @@ STRUCTURES_API bool Tag_Label_Set(unsigned tag, const char* label);
 STRUCTURES_API bool Tag_Locked(unsigned tag);
 STRUCTURES_API void Tag_Lock(unsigned tag, bool locked);
 
+/// The same for markers; a colour goes into `"$MARKER_COLOR"`, whether it is shown into `"$MARKER_ENABLE"`.
+STRUCTURES_API Colors Marker_Color(unsigned marker);
+STRUCTURES_API void Marker_Color_Set(unsigned marker, Colors color);
+STRUCTURES_API const char* Marker_Label(unsigned marker);
+STRUCTURES_API bool Marker_Label_Set(unsigned marker, const char* label);
+STRUCTURES_API bool Marker_Enabled(unsigned marker);
+STRUCTURES_API void Marker_Enable(unsigned marker, bool enabled);
+
 /// Sets the brushes' radii, at most 8 of at most 181 pixels, and makes room for their shapes, which the brush panel
 /// fills after the next bit 23. @return false when there is no memory; the brushes are as before then
 STRUCTURES_API bool Brushes_Set(std::span<const unsigned short> radii);

@@ -26,11 +26,14 @@ struct Series_Pixels {
 /// asked for, of all frames at once and on one grid:
 ///
 /// - whole numbers: from the smallest grey value of the series, one stored level a bin, or so many as keep the bins
-///   within 65,535
+///   within 65,535. Only values beyond one million, or a range below a tenth, are multiplied as the next ones are
 /// - floating-point numbers: 4,096 equal bins from the smallest to the largest finite value. A range below 1,000 or
 ///   values beyond one million, which panels could not tell apart or would leave out, are multiplied by a power of ten,
 ///   which the frames' unit names
 /// - colours: 256 bins from 0; the plain value of a colour is 30 % red, 59 % green and 11 % blue
+///
+/// What is infinite or not a number has no value and is left out, which is reported once. So is a lack of memory: then
+/// there are no histograms until the pixels change.
 ///
 /// Without data the frames have neither values nor histograms.
 STRUCTURES_API void Series_Pixels_Set(Strato_2D* series, const Series_Pixels& pixels);
@@ -39,6 +42,15 @@ STRUCTURES_API void Series_Pixels_Set(Strato_2D* series, const Series_Pixels& pi
 STRUCTURES_API void Series_Pixels_Changed(Strato_2D* series);
 
 /// What the grey values of a series are multiplied by before panels see them; 1 for nearly all.
-STRUCTURES_API double Series_Grey_Factor(const Strato_2D* series);
+STRUCTURES_API double Series_Grey_Factor(Strato_2D* series);
+
+struct Pixel_Size {
+    int width = 0;
+    int height = 0;
+    bool operator==(const Pixel_Size&) const = default;
+};
+
+/// The size of a frame; 0 x 0 when it has no pixels.
+STRUCTURES_API Pixel_Size Frame_Size(const Strato_2D* frame);
 
 }

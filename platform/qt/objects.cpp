@@ -120,7 +120,8 @@ HBRUSH CreateDIBPatternBrushPt(const void* packed, UINT usage)
         return nullptr;
     const auto& header = *static_cast<const BITMAPINFOHEADER*>(packed);
     const auto* pixels = static_cast<const BYTE*>(packed) + header.biSize + header.biClrUsed * sizeof(RGBQUAD);
-    const QImage tile = upright(header, pixels).copy();
+    // The fourth byte of a pixel is anything in a bitmap; in a picture it must not be.
+    const QImage tile = upright(header, pixels).convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (tile.isNull())
         return nullptr;
     return reinterpret_cast<HBRUSH>(keep({.kind = Drawing_Object::Kind::brush, .pattern = QBrush(tile)}));

@@ -51,6 +51,7 @@ Window::Window(QWidget* parent, std::string window_class, WNDPROC procedure, HBR
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
+    setTabletTracking(true);
     setFocusPolicy(Qt::ClickFocus);
 }
 

@@ -86,8 +86,8 @@ TEST_F(HistogramCounts, EveryOperationIsRoundedToSinglePrecision)
     ASSERT_EQ(record().width, 0.05f);
     EXPECT_EQ(counts()[5121], 1u);
 
-    const auto near = Histogram::one_at(1, 0, 0.1f, 300), below = Histogram(-10, 0.05f, {0});
-    compute({&near, &below});
+    const auto beside = Histogram::one_at(1, 0, 0.1f, 300), below = Histogram(-10, 0.05f, {0});
+    compute({&beside, &below});
     EXPECT_EQ(counts()[202], 1u);
 }
 

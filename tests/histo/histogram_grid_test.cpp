@@ -94,8 +94,8 @@ TEST_F(HistogramGrid, ItsSizeIsComputedInSinglePrecision)
 TEST_F(HistogramGrid, SpansAllFramesWithTheFinestBins)
 {
     const auto coarse = Histogram::ones(-50, 2, 10), fine = Histogram::ones(10, 0.5f, 40),
-               far = Histogram::ones(90, 4, 3);
-    ASSERT_EQ(compute({&coarse, &fine, &far}), 1);
+               distant = Histogram::ones(90, 4, 3);
+    ASSERT_EQ(compute({&coarse, &fine, &distant}), 1);
     EXPECT_EQ(record().min, -50.0f);
     EXPECT_EQ(record().width, 0.5f);
     EXPECT_EQ(record().nb_bins, 306); // (102 + 50 + 1) / 0.5

@@ -78,12 +78,12 @@ TEST_F(PeakShape, IsZeroBeyondItsReachAndNotAtIt)
 TEST_F(PeakShape, AMixtureHasHalfOfEachWithItsOwnReach)
 {
     use(lorentzian);
-    const double far = value(300), near = value(55), centre = derivative(0, 55);
+    const double distant = value(300), beside = value(55), centre = derivative(0, 55);
     use(gaussian);
-    const double other_near = value(55), other_centre = derivative(0, 55);
+    const double other_beside = value(55), other_centre = derivative(0, 55);
     use(mixed);
-    EXPECT_DOUBLE_EQ(value(300), far / 2);
-    EXPECT_DOUBLE_EQ(value(55), (near + other_near) / 2);
+    EXPECT_DOUBLE_EQ(value(300), distant / 2);
+    EXPECT_DOUBLE_EQ(value(55), (beside + other_beside) / 2);
     EXPECT_DOUBLE_EQ(derivative(0, 55), (centre + other_centre) / 2);
 }
 

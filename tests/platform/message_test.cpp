@@ -80,6 +80,20 @@ TEST_F(Messages, AreChosenByWindowAndRange)
     EXPECT_EQ(message.wParam, 2u);
 }
 
+TEST_F(Messages, PeekForSomeRunsNothingElse)
+{
+    InvalidateRect(window.handle(), nullptr, FALSE);
+    PostMessageA(window.handle(), WM_USER + 1, 0, 0);
+    window.forget();
+    MSG message{};
+    EXPECT_FALSE(PeekMessageA(&message, window.handle(), WM_MOUSEMOVE, WM_MOUSEMOVE, PM_REMOVE));
+    EXPECT_EQ(window.count(WM_PAINT), 0);
+    EXPECT_EQ(window.count(WM_USER + 1), 0);
+    test::pump();
+    EXPECT_EQ(window.count(WM_PAINT), 1);
+    EXPECT_EQ(window.count(WM_USER + 1), 1);
+}
+
 TEST_F(Messages, QuitEndsTheLoopWithItsCodeAfterWhatWasPosted)
 {
     PostMessageA(window.handle(), WM_USER, 0, 0);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using test::Test_Window;
 
 namespace {
@@ -76,6 +78,45 @@ TEST_F(Window_Place, OfAWindowThatGoesMeanwhileIsNoHarm)
     };
     SetWindowPos(child.handle(), HWND_TOPMOST, 0, 0, 90, 80, SWP_SHOWWINDOW);
     EXPECT_FALSE(IsWindow(child.handle()));
+}
+
+TEST_F(Window_Place, OfAWindowWithATitleIncludesItsFrame)
+{
+    RECT outside{};
+    ASSERT_TRUE(GetWindowRect(parent.handle(), &outside));
+    POINT inner{0, 0};
+    ClientToScreen(parent.handle(), &inner);
+    const int beside = GetSystemMetrics(SM_CXFRAME) + 4;
+    const int below = GetSystemMetrics(SM_CYFRAME) + 4;
+    const int caption = GetSystemMetrics(SM_CYCAPTION);
+    EXPECT_GT(caption, 0);
+    RECT area{};
+    GetClientRect(parent.handle(), &area);
+    EXPECT_EQ(outside.left, inner.x - beside);
+    EXPECT_EQ(outside.top, inner.y - below - caption);
+    EXPECT_EQ(outside.right, inner.x + area.right + beside);
+    EXPECT_EQ(outside.bottom, inner.y + area.bottom + below);
+}
+
+TEST_F(Window_Place, OfAWindowWithoutATitleIsThatOfItsClientArea)
+{
+    const HWND popup = CreateWindowExA(0, test::test_class(), "", WS_POPUP, 90, 70, 50, 40, parent.handle(), nullptr,
+        GetModuleHandleA(nullptr), nullptr);
+    MoveWindow(child.handle(), 5, 6, 40, 30, TRUE);
+    for (const auto& [window, width, height] : {std::tuple{popup, 50, 40}, {child.handle(), 40, 30}}) {
+        POINT inner{0, 0};
+        ClientToScreen(window, &inner);
+        RECT outside{};
+        ASSERT_TRUE(GetWindowRect(window, &outside));
+        EXPECT_EQ(outside.left, inner.x);
+        EXPECT_EQ(outside.top, inner.y);
+        EXPECT_EQ(outside.right, inner.x + width);
+        EXPECT_EQ(outside.bottom, inner.y + height);
+    }
+    DestroyWindow(popup);
+    RECT untouched{1, 2, 3, 4};
+    EXPECT_FALSE(GetWindowRect(popup, &untouched));
+    EXPECT_EQ(untouched.left, 1);
 }
 
 TEST_F(Window_State, IsEnabledFromTheStart)

@@ -1,6 +1,7 @@
 #include "tests/workbench/session_fixture.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace test {
 
@@ -21,6 +22,17 @@ document::Opened made_image(int width, int height, int depth, std::array<double,
     volume.files = {"/images/made.nii"};
     for (int z = 0; z < depth; ++z)
         volume.frames.push_back({z * spacing[2], z + 1, volume.files[0]});
+    return opened;
+}
+
+document::Opened image_of_two_peaks()
+{
+    auto opened = made_image(100, 100, 1);
+    auto* pixel = reinterpret_cast<std::uint16_t*>(opened.volume.pixels.data());
+    for (int i = 0; i < 100 * 100; ++i)
+        pixel[i] = static_cast<std::uint16_t>((i % 2 ? 200 : 700) + 40 * std::sin(i * 0.7) * std::cos(i * 1.3));
+    opened.volume.slope = 0.5;
+    opened.volume.intercept = -10;
     return opened;
 }
 

@@ -18,6 +18,9 @@ namespace test {
 /// Stored values rise by one along x and by ten along y, from 100 * z.
 document::Opened made_image(int width, int height, int depth, std::array<double, 3> spacing = {1, 1, 1});
 
+/// One frame whose grey values, in halves of levels, lie around 90 and 340.
+document::Opened image_of_two_peaks();
+
 class SessionTest : public ::testing::Test {
 protected:
     SessionTest();

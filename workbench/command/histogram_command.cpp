@@ -15,9 +15,13 @@
 #include "workbench/model/host_words.h"
 #include "workbench/model/image_tree.h"
 
+#include <QBuffer>
+#include <QByteArray>
 #include <QImage>
 
+#include <algorithm>
 #include <cstdio>
+#include <fstream>
 
 namespace workbench {
 
@@ -67,8 +71,6 @@ public:
         panel().Update(word::selection_2D);
         if (!panel().Ready())
             return Failure{document::quoted(request_.inputs.front()) + " has no grey values that could be counted."};
-        if (request_.fit)
-            panel().Fit();
         return std::nullopt;
     }
 
@@ -133,14 +135,15 @@ private:
     static MaybeFailure saveWindow(HWND window, const std::string& target)
     {
         const QImage picture = Window_Picture(window);
-        return document::replace_file(target, static_cast<std::uint64_t>(picture.sizeInBytes()),
-            [&](const std::filesystem::path& file) -> MaybeFailure {
-                const QString name = QString::fromStdString(file.string());
-                if (picture.save(name, "PNG") && QImage(name) == picture)
-                    return std::nullopt;
-                return Failure{
-                    document::quoted(target) +
-                    " could not be written whole; the disk may be full. Make room, or choose another folder."};
+        QByteArray png;
+        QBuffer buffer(&png);
+        picture.save(&buffer, "PNG");
+        return document::replace_file(target, static_cast<std::uint64_t>(png.size()),
+            [&](const std::filesystem::path& path) -> MaybeFailure {
+                std::ofstream stream(path, std::ios::binary);
+                stream.write(png.data(), png.size());
+                stream.close();
+                return stream ? std::nullopt : MaybeFailure(Failure{"the picture could not be written whole"});
             });
     }
 
@@ -155,6 +158,35 @@ void print(const std::string& text)
 {
     std::fwrite(text.data(), 1, text.size(), stdout);
     std::fflush(stdout);
+}
+
+void complain(const std::vector<std::string>& messages)
+{
+    for (const std::string& message : messages)
+        complain(message);
+}
+
+bool isSame(const std::filesystem::path& one, const std::filesystem::path& other)
+{
+    std::error_code missing;
+    return one == other || std::filesystem::equivalent(one, other, missing);
+}
+
+// Results that would take the place of the image, or of each other.
+MaybeFailure checkTargets(const HistogramRequest& request, const document::Volume& volume)
+{
+    const std::string* const targets[] = {&request.exportFile, &request.pictureFile, &request.graphFile};
+    for (const auto* target : targets) {
+        const auto isTarget = [&](const std::string& file) { return isSame(file, *target); };
+        if (std::ranges::any_of(volume.files, isTarget) || std::ranges::any_of(request.inputs, isTarget))
+            return Failure{document::quoted(*target) +
+                           " is the image itself; the result would take its place. Choose another name."};
+        for (const auto* other : targets) {
+            if (other != target && !target->empty() && isSame(*target, *other))
+                return Failure{"Two results cannot be in one file. Choose another name for one of them."};
+        }
+    }
+    return std::nullopt;
 }
 
 // Each part is tried, whatever became of the one before.
@@ -178,22 +210,30 @@ int finish(HistogramRun& run)
 
 int runHistogram(const HistogramRequest& request)
 {
-    constexpr int details = 11;
+    constexpr int progress = 4, details = 11;
     auto opened = document::open(paths(request.inputs));
     if (!opened) {
         complain(opened.failure().message);
         return failed;
     }
-    for (const std::string& notice : opened->notices)
-        complain(notice);
+    complain(opened->notices);
+    if (const auto failure = checkTargets(request, opened->volume)) {
+        complain(failure->message);
+        return failed;
+    }
     const ReportRecorder recorder([](int level) { return level == details; });
     HistogramRun run(request, std::move(*opened));
     for (const auto part : {&HistogramRun::select, &HistogramRun::compute}) {
-        if (const auto failure = (run.*part)()) {
-            complain(failure->message);
-            return failed;
-        }
+        const auto failure = (run.*part)();
+        if (!failure)
+            continue;
+        complain(recorder.texts(progress));
+        complain(failure->message);
+        return failed;
     }
+    complain(recorder.texts(progress)); // what was left out; those of the fit are no news
+    if (request.fit)
+        run.panel().Fit();
     if (request.json)
         print(histogramJson(run.panel(), request.fit ? &recorder.reports() : nullptr));
     else

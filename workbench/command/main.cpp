@@ -4,11 +4,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <array>
+#include <cctype>
 #include <charconv>
 #include <clocale>
 #include <cstdio>
 #include <exception>
-#include <map>
 #include <string>
 #include <string_view>
 
@@ -60,10 +62,20 @@ std::string take_separator(HistogramRequest& request, const std::string& text)
 {
     if (text == "tab" || text == "\\t")
         request.separator = '\t';
-    else if (text.size() == 1)
+    else if (text.size() == 1 && (text == "\t" || std::isprint(static_cast<unsigned char>(text[0]))))
         request.separator = static_cast<unsigned char>(text[0]);
     else
         return "give one character, or tab";
+    return {};
+}
+
+std::string take_component(HistogramRequest& request, const std::string& text)
+{
+    constexpr std::array names{"max", "red", "green", "blue", "grey"};
+    const auto found = std::find(names.begin(), names.end(), text);
+    if (found == names.end())
+        return "give max, red, green, blue or grey";
+    request.component = static_cast<unsigned char>(found - names.begin());
     return {};
 }
 
@@ -82,14 +94,11 @@ CLI::Option* add(CLI::App& command, HistogramRequest& request, const char* name,
 
 void describe(CLI::App& command, HistogramRequest& request)
 {
-    const std::map<std::string, unsigned char> components{
-        {"max", 0}, {"red", 1}, {"green", 2}, {"blue", 3}, {"grey", 4}};
     command.add_option("inputs", request.inputs, "Files of one image, or a folder with a DICOM series")
         ->type_name("INPUT")
         ->required();
     add(command, request, "--frames", take_frames, "Only these frames, counted from 1")->type_name("A-B");
-    command.add_option("--component", request.component, "Of colour images: max, red, green, blue or grey")
-        ->transform(CLI::CheckedTransformer(components))
+    add(command, request, "--component", take_component, "Of colour images: max, red, green, blue or grey")
         ->type_name("NAME");
     command.add_option("--bins-max", request.mostBins, "At most so many bins; 4352 without")
         ->check(CLI::Range(1, 65535))

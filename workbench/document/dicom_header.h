@@ -1,7 +1,6 @@
 #pragma once
 
-#include "workbench/document/progress.h"
-#include "workbench/document/result.h"
+#include "workbench/document/dicom_pixels.h"
 
 #include <array>
 #include <filesystem>
@@ -10,6 +9,13 @@
 #include <vector>
 
 namespace document {
+
+/// What a frame of a file with several has of its own.
+struct DicomFrame {
+    std::optional<std::array<double, 3>> position;
+    std::optional<std::array<double, 6>> orientation;
+    std::optional<double> slope, intercept;
+};
 
 /// What the header of one DICOM file tells, without its pixels.
 struct DicomHeader {
@@ -21,19 +27,32 @@ struct DicomHeader {
     std::string modality;
     std::string unit;
     int instance = 0;
-    int rows = 0, columns = 0, frames = 1;
+    DicomPixels pixels;
+
     std::optional<std::array<double, 3>> position;          ///< of the first voxel, millimetres
     std::array<double, 6> orientation = {1, 0, 0, 0, 1, 0}; ///< along a row, then along a column
-    double window_centre = 0, window_width = 0;             ///< width 0: none
-    double thickness = 0;                                   ///< millimetres, 0: not said
-    bool inverted = false;                                  ///< low values are white
-    int bits_stored = 0;
-    bool is_signed = false;
-    std::string damage; ///< what is wrong with its pixel data; empty when nothing is
+    double row_distance = 1, column_distance = 1;           ///< between centres of neighbouring rows, millimetres
+    double frame_distance = 0, thickness = 0;               ///< of frames, millimetres; 0: not said
+    std::vector<double> offsets;                            ///< of the frames of a dose along their normal
 
-    std::array<double, 3> normal() const;
-    double along_normal() const; ///< the position's, 0 without one
+    double slope = 1, intercept = 0;
+    double window_centre = 0, window_width = 0; ///< width 0: none
+    std::vector<DicomFrame> own;                ///< one for each frame that has something of its own
+
+    std::string damage; ///< what is wrong with the file, ready to be shown; empty when nothing is
+
+    // Of one frame, what it has of its own or shares with the others. The scale is never 0.
+    std::optional<std::array<double, 3>> position_of(int frame) const;
+    const std::array<double, 6>& orientation_of(int frame) const;
+    double slope_of(int frame) const;
+    double intercept_of(int frame) const;
+
+    double along_normal(const std::array<double, 3>& place) const;
+    double along_normal() const { return position ? along_normal(*position) : 0; } ///< of its own position
 };
+
+/// The direction that is at a right angle to both of an orientation.
+std::array<double, 3> normal_of(const std::array<double, 6>& orientation);
 
 /// Reads a header; nothing when the file is no DICOM image.
 std::optional<DicomHeader> read_dicom_header(const std::filesystem::path& path);

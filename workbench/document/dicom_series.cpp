@@ -20,28 +20,43 @@ auto key_of(const DicomHeader& header)
     std::array<long, 6> orientation;
     std::transform(header.orientation.begin(), header.orientation.end(), orientation.begin(),
         [](double component) { return std::lround(component * 1000); });
-    return std::tuple(header.series_uid, header.rows, header.columns, orientation,
-        header.frames > 1 ? header.path.string() : std::string());
+    const auto& pixels = header.pixels;
+    const auto kind = std::tuple(pixels.element(), pixels.samples, pixels.is_colour(), pixels.is_inverted());
+    return std::tuple(header.series_uid, pixels.rows, pixels.columns, kind, orientation,
+        pixels.frames > 1 ? header.path.string() : std::string());
 }
 
-bool all_placed(const Stack& stack)
+/// A place as it is compared: in steps, so that noise in the last digits does not order frames.
+double step_of(double place)
 {
-    return std::all_of(stack.begin(), stack.end(), [](const auto& header) { return header.position.has_value(); });
+    return std::round(place / same_place);
 }
 
-void sort_frames(Stack& stack)
+void sort_files(Stack& stack)
 {
-    const bool placed = all_placed(stack);
+    const bool placed =
+        std::all_of(stack.begin(), stack.end(), [](const auto& header) { return header.position.has_value(); });
     std::sort(stack.begin(), stack.end(), [placed](const DicomHeader& a, const DicomHeader& b) {
-        const double x = placed ? std::round(a.along_normal() / same_place) : 0;
-        const double y = placed ? std::round(b.along_normal() / same_place) : 0;
+        const double x = placed ? step_of(a.along_normal()) : 0;
+        const double y = placed ? step_of(b.along_normal()) : 0;
         return std::tie(x, a.instance, a.path) < std::tie(y, b.instance, b.path);
     });
 }
 
-int frames_of(const Stack& stack)
+int frame_count(const Stack& stack)
 {
-    return stack.size() == 1 ? stack[0].frames : int(stack.size());
+    return stack.size() == 1 ? stack[0].pixels.frames : int(stack.size());
+}
+
+bool is_turned(const std::array<double, 6>& a, const std::array<double, 6>& b)
+{
+    constexpr double tolerance = 1e-3;
+    return !std::equal(a.begin(), a.end(), b.begin(), [](double x, double y) { return std::abs(x - y) <= tolerance; });
+}
+
+bool all_placed(const std::vector<StackFrame>& frames)
+{
+    return std::all_of(frames.begin(), frames.end(), [](const auto& frame) { return frame.place.has_value(); });
 }
 
 }
@@ -80,30 +95,50 @@ std::vector<Stack> stacks_of(std::vector<DicomHeader> headers)
         by_key[key_of(header)].push_back(std::move(header));
     std::vector<Stack> stacks;
     for (auto& [key, stack] : by_key) {
-        sort_frames(stack);
+        sort_files(stack);
         stacks.push_back(std::move(stack));
     }
     std::stable_sort(stacks.begin(), stacks.end(), [](const Stack& a, const Stack& b) {
-        const int more = frames_of(b), less = frames_of(a);
+        const int more = frame_count(b), less = frame_count(a);
         return std::tie(more, a[0].series) < std::tie(less, b[0].series);
     });
     return stacks;
 }
 
-void keep_first_volume(Stack& stack, std::vector<std::string>& notices)
+std::vector<StackFrame> frames_of(const Stack& stack)
 {
-    if (!all_placed(stack) || stack.size() < 2)
-        return;
-    Stack kept;
+    std::vector<StackFrame> frames;
+    bool turned = false;
     for (const auto& header : stack)
-        if (kept.empty() || std::abs(header.along_normal() - kept.back().along_normal()) > same_place)
-            kept.push_back(header);
-    // All at one place are a sequence in time, which is shown whole.
-    if (kept.size() == 1 || kept.size() == stack.size())
+        for (int i = 0; i < header.pixels.frames; ++i) {
+            turned = turned || is_turned(header.orientation_of(i), stack[0].orientation);
+            const auto position = header.position_of(i);
+            frames.push_back({&header, i, position ? std::optional(stack[0].along_normal(*position)) : std::nullopt});
+        }
+    if (turned || !all_placed(frames)) {
+        for (auto& frame : frames)
+            frame.place.reset();
+        return frames;
+    }
+    std::stable_sort(frames.begin(), frames.end(),
+        [](const auto& a, const auto& b) { return step_of(*a.place) < step_of(*b.place); });
+    return frames;
+}
+
+void keep_first_volume(std::vector<StackFrame>& frames, std::vector<std::string>& notices)
+{
+    if (frames.size() < 2 || !all_placed(frames))
         return;
-    notices.push_back("The series has " + std::to_string(stack.size()) + " frames at " + std::to_string(kept.size()) +
+    std::vector<StackFrame> kept;
+    for (const auto& frame : frames)
+        if (kept.empty() || std::abs(*frame.place - *kept.back().place) > same_place)
+            kept.push_back(frame);
+    // All at one place are a sequence in time, which is shown whole.
+    if (kept.size() == 1 || kept.size() == frames.size())
+        return;
+    notices.push_back("The series has " + std::to_string(frames.size()) + " frames at " + std::to_string(kept.size()) +
                       " places; the first frame of each place is shown.");
-    stack = std::move(kept);
+    frames = std::move(kept);
 }
 
 }

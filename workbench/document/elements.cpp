@@ -120,7 +120,7 @@ void take_colours(Volume& volume, std::vector<std::string>& notices, std::byte* 
     const std::size_t pixels = volume.geometry.voxels();
     if (layout.element == Element::u16) {
         narrow_colours(bytes, pixels * std::size_t(layout.components));
-        notices.push_back("Its colours have 16 bits a channel; they are shown with 8.");
+        notices.push_back(narrowed_notice(16));
     }
     if (layout.components == 4)
         drop_components(bytes, pixels, 1, 4, 3);
@@ -155,6 +155,11 @@ std::optional<Failure> take_elements(Volume& volume, std::vector<std::string>& n
     }
     volume.pixels = shrunk(std::move(elements), pixels * bytes_of(volume.type));
     return {};
+}
+
+std::string narrowed_notice(int bits)
+{
+    return "Its colours have " + std::to_string(bits) + " bits a channel; they are shown with 8.";
 }
 
 }

@@ -15,4 +15,7 @@ namespace document {
 std::optional<Failure> take_elements(Volume& volume, std::vector<std::string>& notices, PixelMemory elements,
     const Layout& layout, const std::filesystem::path& path);
 
+/// What is said of colours of more than 8 bits a channel.
+std::string narrowed_notice(int bits);
+
 }

@@ -17,6 +17,12 @@ std::string triple(const std::array<double, 3>& v)
     return "(" + number_text(v[0]) + ", " + number_text(v[1]) + ", " + number_text(v[2]) + ")";
 }
 
+// Of the body that three edges span; negative when they turn the other way round.
+double volume_of(const std::array<double, 3>& a, const std::array<double, 3>& b, const std::array<double, 3>& c)
+{
+    return a[0] * (b[1] * c[2] - b[2] * c[1]) - a[1] * (b[0] * c[2] - b[2] * c[0]) + a[2] * (b[0] * c[1] - b[1] * c[0]);
+}
+
 bool far(double a, double b, double tolerance)
 {
     return !(std::abs(a - b) <= tolerance);
@@ -32,6 +38,16 @@ std::array<double, 3> Geometry::position(double x, double y, double z) const
         for (std::size_t axis = 0; axis < 3; ++axis)
             place[row] += direction[row * 3 + axis] * along[axis];
     return place;
+}
+
+// Files round their directions, so that these are not exactly at right angles: Cramer's rule, not the transpose.
+std::array<double, 3> Geometry::index(const std::array<double, 3>& position) const
+{
+    const auto axis = [&](std::size_t a) { return std::array{direction[a], direction[3 + a], direction[6 + a]}; };
+    const std::array<double, 3> way = {position[0] - origin[0], position[1] - origin[1], position[2] - origin[2]};
+    const double whole = volume_of(axis(0), axis(1), axis(2));
+    return {volume_of(way, axis(1), axis(2)) / whole / spacing[0],
+        volume_of(axis(0), way, axis(2)) / whole / spacing[1], volume_of(axis(0), axis(1), way) / whole / spacing[2]};
 }
 
 std::string difference(const Geometry& found, const Geometry& expected)

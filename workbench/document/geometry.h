@@ -20,6 +20,9 @@ struct Geometry {
 
     /// The centre of a voxel in millimetres; positions between voxels are allowed.
     std::array<double, 3> position(double x, double y, double z) const;
+
+    /// The way back: which voxel lies at a position, with its fraction. No two axes may have the same direction.
+    std::array<double, 3> index(const std::array<double, 3>& position) const;
 };
 
 /// What differs between two geometries, with numbers ("its size is 10 x 10 x 5 instead of 10 x 10 x 6"); empty when

@@ -12,10 +12,11 @@ constexpr std::size_t output_most = std::size_t(1) << 30; // zlib counts in 32 b
 
 }
 
-Inflater::Inflater(const InputFile& file, std::uint64_t offset) : file_(file), position_(offset), input_(input_size)
+Inflater::Inflater(const InputFile& file, std::uint64_t offset, Wrapping wrapping)
+    : file_(file), position_(offset), input_(input_size)
 {
-    // 32 more than the window: either of gzip and zlib, told by its first bytes.
-    if (inflateInit2(&stream_, 32 + MAX_WBITS) != Z_OK) {
+    // 32 more than the window: either of gzip and zlib, told by its first bytes; negative: neither.
+    if (inflateInit2(&stream_, wrapping == Wrapping::none ? -MAX_WBITS : 32 + MAX_WBITS) != Z_OK) {
         over_ = true;
         state_ = State::no_memory;
     }

@@ -10,12 +10,14 @@
 
 namespace document {
 
-/// Decodes gzip or zlib data of a file, several gzip streams in a row included, and checks their checksums.
+/// Decodes gzip or zlib data of a file, several gzip streams in a row included, and checks their checksums; or data
+/// without any wrapping.
 class Inflater {
 public:
     enum class State { ended, cut_off, damaged, no_memory, stopped };
+    enum class Wrapping { gzip_or_zlib, none };
 
-    Inflater(const InputFile& file, std::uint64_t offset);
+    Inflater(const InputFile& file, std::uint64_t offset, Wrapping wrapping = Wrapping::gzip_or_zlib);
     ~Inflater();
     Inflater(const Inflater&) = delete;
     Inflater& operator=(const Inflater&) = delete;

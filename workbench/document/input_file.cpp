@@ -44,8 +44,14 @@ Result<InputFile> InputFile::open(const std::filesystem::path& path)
     return file;
 }
 
+InputFile::InputFile(const std::filesystem::path& path, std::vector<std::byte> content)
+    : descriptor_(-1), size_(content.size()), path_(path), content_(std::move(content))
+{
+}
+
 InputFile::InputFile(InputFile&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), size_(other.size_), path_(std::move(other.path_))
+    : descriptor_(std::exchange(other.descriptor_, -1)), size_(other.size_), path_(std::move(other.path_)),
+      content_(std::move(other.content_))
 {
 }
 
@@ -57,6 +63,12 @@ InputFile::~InputFile()
 
 std::size_t InputFile::read(std::uint64_t offset, std::span<std::byte> target) const
 {
+    if (descriptor_ < 0) {
+        const auto begin = std::min<std::uint64_t>(offset, content_.size());
+        const auto count = std::min<std::size_t>(target.size(), content_.size() - begin);
+        std::copy_n(content_.begin() + std::ptrdiff_t(begin), count, target.begin());
+        return count;
+    }
     std::size_t done = 0;
     while (done < target.size()) {
         const auto count = pread(descriptor_, target.data() + done, target.size() - done, off_t(offset + done));

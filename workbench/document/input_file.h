@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace document {
 
@@ -15,6 +16,8 @@ class InputFile {
 public:
     /// Fails, with what can be done, when it is missing, no file, empty or may not be read.
     static Result<InputFile> open(const std::filesystem::path& path);
+    /// As if the file held this.
+    InputFile(const std::filesystem::path& path, std::vector<std::byte> content);
 
     InputFile(InputFile&& other) noexcept;
     InputFile& operator=(InputFile&&) = delete;
@@ -32,9 +35,10 @@ private:
     {
     }
 
-    int descriptor_;
+    int descriptor_; // -1: the content is in memory
     std::uint64_t size_;
     std::filesystem::path path_;
+    std::vector<std::byte> content_;
 };
 
 /// The first bytes of a file, decoded when it is a gzip file; as many as there are, up to `most`.

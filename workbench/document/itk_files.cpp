@@ -2,9 +2,7 @@
 
 #include "workbench/document/text.h"
 
-#include <gdcmTrace.h>
 #include <itkBMPImageIO.h>
-#include <itkGDCMImageIO.h>
 #include <itkJPEGImageIO.h>
 #include <itkMetaDataObject.h>
 #include <itkMetaImageIO.h>
@@ -22,21 +20,13 @@ using Component = itk::CommonEnums::IOComponent;
 // What the decoders would print to the console comes as a Failure.
 void silence()
 {
-    static const bool done = [] {
-        itk::Object::SetGlobalWarningDisplay(false);
-        gdcm::Trace::WarningOff();
-        gdcm::Trace::ErrorOff();
-        return true;
-    }();
-    static_cast<void>(done);
+    itk::Object::SetGlobalWarningDisplay(false);
 }
 
 itk::ImageIOBase::Pointer make_io(Format format)
 {
     silence();
     switch (format) {
-    case Format::dicom:
-        return itk::GDCMImageIO::New().GetPointer();
     case Format::nifti:
         return itk::NiftiImageIO::New().GetPointer();
     case Format::nrrd:
@@ -51,6 +41,7 @@ itk::ImageIOBase::Pointer make_io(Format format)
         return itk::TIFFImageIO::New().GetPointer();
     case Format::bmp:
         return itk::BMPImageIO::New().GetPointer();
+    case Format::dicom: // read otherwise
     case Format::unknown:
         break;
     }
@@ -115,11 +106,6 @@ ItkHeader header_of(const itk::ImageIOBase& io)
     if (io.GetPixelType() != itk::CommonEnums::IOPixel::COMPLEX)
         header.element = element_of(io.GetComponentType());
     header.components = int(io.GetNumberOfComponents());
-    if (const auto* dicom = dynamic_cast<const itk::GDCMImageIO*>(&io)) {
-        header.stored = element_of(dicom->GetInternalComponentType());
-        header.slope = dicom->GetRescaleSlope();
-        header.intercept = dicom->GetRescaleIntercept();
-    }
     return header;
 }
 

@@ -22,11 +22,6 @@ struct ItkHeader {
     Geometry geometry;              ///< of the first three; its size stays 1 where `size` has no more
     std::optional<Element> element; ///< what read() delivers; nothing for kinds that nobody shows (complex numbers)
     int components = 1;
-
-    // Of DICOM only: read() delivers stored value * slope + intercept.
-    std::optional<Element> stored;
-    double slope = 1;
-    double intercept = 0;
 };
 
 /// A file open for reading by ITK.

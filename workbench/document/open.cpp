@@ -59,23 +59,45 @@ Result<Opened> completed(Result<Opened> opened, const Path& path)
     return opened;
 }
 
-std::string name_of(const Stack& stack)
+std::size_t frame_count(const Stack& stack)
 {
-    const auto& name = stack[0].series.empty() ? stack[0].series_uid : stack[0].series;
-    const std::size_t frames = stack.size() == 1 ? std::size_t(stack[0].frames) : stack.size();
-    return "\"" + name + "\" (" + count_text(frames, "frame") + ")";
+    return stack.size() == 1 ? std::size_t(stack[0].pixels.frames) : stack.size();
 }
 
-Result<Opened> open_stack(std::vector<Stack> stacks, std::size_t chosen, const Progress& progress)
+/// By its description; one without is named by what it is, and by its first file.
+std::string name_of(const DicomHeader& header)
 {
-    const auto path = stacks[chosen][0].path;
-    std::string others;
-    for (std::size_t i = 0; i < stacks.size(); ++i)
-        if (i != chosen)
-            others += (others.empty() ? "" : ", ") + name_of(stacks[i]);
-    auto opened = completed(read_stack(std::move(stacks[chosen]), progress), path);
-    if (opened && !others.empty())
-        opened->notices.push_back("Not opened, but in the same place: " + others + ".");
+    if (!header.series.empty())
+        return "\"" + header.series + "\"";
+    return (header.modality.empty() ? "" : header.modality + " in ") + quoted(header.path);
+}
+
+/// Names a few of the series that are not opened; a folder may hold dozens, in parts.
+std::string names_of_others(const std::vector<Stack>& stacks, std::size_t chosen)
+{
+    constexpr std::size_t most = 3;
+    std::vector<std::pair<std::string, std::size_t>> others; // and their frames
+    for (std::size_t i = 0; i < stacks.size(); ++i) {
+        if (i == chosen)
+            continue;
+        const auto name = name_of(stacks[i][0]);
+        const auto same = std::find_if(others.begin(), others.end(), [&](const auto& o) { return o.first == name; });
+        if (same != others.end())
+            same->second += frame_count(stacks[i]);
+        else
+            others.emplace_back(name, frame_count(stacks[i]));
+    }
+    std::string names;
+    for (std::size_t i = 0; i < std::min(most, others.size()); ++i)
+        names += (i > 0 ? ", " : "") + others[i].first + " (" + count_text(others[i].second, "frame") + ")";
+    return others.size() > most ? names + " and " + std::to_string(others.size() - most) + " more" : names;
+}
+
+Result<Opened> open_stack(const std::vector<Stack>& stacks, std::size_t chosen, const Progress& progress)
+{
+    auto opened = completed(read_stack(stacks[chosen], progress), stacks[chosen][0].path);
+    if (opened && stacks.size() > 1)
+        opened->notices.push_back("Not opened, but in the same place: " + names_of_others(stacks, chosen) + ".");
     return opened;
 }
 
@@ -86,7 +108,7 @@ Result<Opened> open_series_of(const Path& file, const Paths& files, const Progre
     if (!chosen)
         return Failure{quoted(file) + " is a DICOM file without a picture. Choose an image."};
     if (!chosen->damage.empty())
-        return Failure{quoted(file) + " " + chosen->damage};
+        return Failure{chosen->damage};
     auto headers = read_headers(files, part_of(progress, 0, 0.2));
     if (!headers)
         return headers.failure();
@@ -102,7 +124,7 @@ Result<Opened> open_series_of(const Path& file, const Paths& files, const Progre
     if (found == stacks.end())
         return Failure{quoted(file) + " disappeared while it was read."};
     const auto index = std::size_t(found - stacks.begin());
-    return open_stack(std::move(stacks), index, part_of(progress, 0.2, 1));
+    return open_stack(stacks, index, part_of(progress, 0.2, 1));
 }
 
 bool is_dicom(const Path& path)

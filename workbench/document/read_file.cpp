@@ -30,11 +30,17 @@ bool is_metaimage(const std::string& head)
            (head.starts_with("ObjectType") || head.starts_with("NDims") || head.starts_with("Comment"));
 }
 
-/// Without the usual preamble, as some old devices write it: the first group is that of the file or of its identity.
+/// Without the usual preamble, as some old devices write it: the first group is that of the file or of its identity, in
+/// either byte order.
 bool is_bare_dicom(const std::string& head)
 {
-    return head.size() >= 16 && (head[0] == 2 || head[0] == 8) && head[1] == 0 && head[3] == 0 &&
-           (std::isupper(static_cast<unsigned char>(head[4])) || head[6] == 0);
+    if (head.size() < 16)
+        return false;
+    const bool typed =
+        std::isupper(static_cast<unsigned char>(head[4])) && std::isupper(static_cast<unsigned char>(head[5]));
+    const bool little = (head[0] == 2 || head[0] == 8) && head[1] == 0 && head[3] == 0 && (typed || head[6] == 0);
+    const bool big = head[0] == 0 && head[1] == 8 && head[2] == 0 && typed;
+    return little || big;
 }
 
 bool is_nifti_2(const std::string& head)
@@ -60,6 +66,8 @@ Failure not_known(const InputFile& file)
                        extension + "\" file. Get a new copy of it."};
     if (extension == ".raw" || extension == ".zraw")
         return Failure{quoted(path) + " holds only pixels. Open the \".mhd\" or \".nhdr\" file that describes them."};
+    if (read_head(file, 16).gzip)
+        return Failure{quoted(path) + " is packed with gzip. Unpack it, and open what was in it."};
     return Failure{quoted(path) + " is of no kind that can be read. Open a DICOM, NIfTI, NRRD, MetaImage, PNG, JPEG,"
                                   " TIFF or BMP file."};
 }
@@ -83,6 +91,9 @@ std::filesystem::path header_file(const std::filesystem::path& path)
 Format format_of(const InputFile& file)
 {
     const auto [head, gzip] = read_head(file, 512);
+    // Before all others: the bytes in front of its mark may be those of another format.
+    if (!gzip && head.size() >= 132 && head.compare(128, 4, "DICM") == 0)
+        return Format::dicom;
     if (is_nifti(head) || is_analyze(head))
         return Format::nifti;
     if (gzip)
@@ -96,8 +107,6 @@ Format format_of(const InputFile& file)
     if (head.starts_with(std::string("II*\0", 4)) || head.starts_with(std::string("MM\0*", 4)) ||
         head.starts_with(std::string("II+\0", 4)) || head.starts_with(std::string("MM\0+", 4)))
         return Format::tiff;
-    if (head.size() >= 132 && head.compare(128, 4, "DICM") == 0)
-        return Format::dicom;
     if (is_metaimage(head))
         return Format::metaimage;
     if (head.starts_with("BM"))

@@ -1,6 +1,6 @@
+#include "workbench/document/dicom_frames.h"
 #include "workbench/document/dicom_series.h"
 #include "workbench/document/elements.h"
-#include "workbench/document/itk_files.h"
 #include "workbench/document/stored_values.h"
 #include "workbench/document/text.h"
 
@@ -11,111 +11,80 @@ namespace document {
 
 namespace {
 
-/// Reads the frames of a stack one after the other into one block.
+using Frames = std::vector<StackFrame>;
+
+bool have_one_scale(const Frames& frames)
+{
+    const auto scale = [](const StackFrame& frame) {
+        return std::pair(frame.header->slope_of(frame.index), frame.header->intercept_of(frame.index));
+    };
+    return std::all_of(
+        frames.begin(), frames.end(), [&](const auto& frame) { return scale(frame) == scale(frames[0]); });
+}
+
+/// Reads the frames of a stack one after the other into one block: stored values; grey values where the frames' scales
+/// differ.
 class StackReader {
 public:
-    StackReader(const Stack& stack, const ItkHeader& first, const Progress& progress)
-        : stack_(stack), first_(first), progress_(progress)
+    StackReader(const Frames& frames, const Layout& frame, const Progress& progress)
+        : frames_(frames), stored_(frame), progress_(progress),
+          as_grey_(!frames[0].header->pixels.is_colour() && !have_one_scale(frames))
     {
-        layout_.components = first.components;
-        layout_.element = *first.element;
-        if (first.components == 1 && first.stored)
-            layout_.element = *first.stored;
+        layout_ = frame;
+        if (as_grey_)
+            layout_.element = Element::f32;
     }
 
-    /// Reads stored values; where the files' scales differ, or cannot be undone, the values that scaling leads to.
     Result<PixelMemory> read()
     {
-        auto memory = read_all();
-        if (memory || !scales_differ_)
+        const auto& path = frames_[0].header->path;
+        const std::int64_t sizes[] = {stored_.size[0], stored_.size[1], std::int64_t(frames_.size())};
+        if (const auto failure = take_sizes(layout_, sizes, path))
+            return *failure;
+        auto memory = allocate_volume(layout_, path);
+        if (!memory)
             return memory;
-        as_grey_ = true;
-        layout_.element = Element::f32;
-        return read_all();
+        const std::size_t size = memory->size() / frames_.size();
+        for (std::size_t i = 0; i < frames_.size(); ++i) {
+            if (progress_.stop())
+                return Failure{"Reading was stopped.", true};
+            progress_.at(double(i) / double(frames_.size()));
+            if (const auto failure = read_frame(frames_[i], memory->bytes().subspan(i * size, size)))
+                return *failure;
+        }
+        return memory;
     }
 
     const Layout& layout() const { return layout_; }
     bool as_grey() const { return as_grey_; }
 
 private:
-    Result<PixelMemory> read_all()
+    std::optional<Failure> read_frame(const StackFrame& frame, std::span<std::byte> target)
     {
-        auto sizes = first_.size;
-        if (stack_.size() > 1)
-            sizes = {sizes[0], sizes[1], std::int64_t(stack_.size())};
-        if (const auto failure = take_sizes(layout_, sizes, stack_[0].path))
-            return *failure;
-        auto memory = allocate_volume(layout_, stack_[0].path);
-        if (!memory)
-            return memory;
-        const std::size_t frame = memory->size() / stack_.size();
-        for (std::size_t i = 0; i < stack_.size(); ++i) {
-            if (progress_.stop())
-                return Failure{"Reading was stopped.", true};
-            progress_.at(double(i) / double(stack_.size()));
-            if (const auto failure = read_frame(stack_[i], memory->bytes().subspan(i * frame, frame)))
-                return *failure;
+        if (frame.header != open_header_) {
+            auto file = DicomFrames::open(*frame.header);
+            if (!file)
+                return file.failure();
+            open_.emplace(std::move(*file));
+            open_header_ = frame.header;
         }
-        return memory;
-    }
-
-    std::optional<Failure> read_frame(const DicomHeader& dicom, std::span<std::byte> target)
-    {
-        auto file = ItkFile::open(Format::dicom, dicom.path);
-        if (!file)
-            return file.failure();
-        const auto& header = file->header();
-        if (!header.element || header.components != first_.components || header.size[0] != first_.size[0] ||
-            header.size[1] != first_.size[1])
-            return Failure{quoted(dicom.path) + " does not fit to the other frames of its series. Open it alone."};
-        if (!as_grey_ && !same_scale(header)) {
-            scales_differ_ = true;
-            return Failure{quoted(dicom.path) + " has a scale of its own."};
-        }
-        const bool plain = as_grey_ || (header.slope == 1 && header.intercept == 0);
-        const auto failure =
-            *header.element == layout_.element && plain ? file->read(target) : read_scaled(*file, target);
-        if (!failure && dicom.inverted && header.components == 1)
-            turn_back(dicom, header, target);
-        return failure;
-    }
-
-    /// ITK hands an inverted image over with its stored values mirrored in their range.
-    void turn_back(const DicomHeader& dicom, const ItkHeader& header, std::span<std::byte> target) const
-    {
-        const double mirror = dicom.is_signed ? -1 : std::exp2(dicom.bits_stored) - 1;
-        mirror_stored(target, layout_.element, as_grey_ ? mirror * header.slope + 2 * header.intercept : mirror);
-    }
-
-    bool same_scale(const ItkHeader& header) const
-    {
-        return header.stored == first_.stored && header.slope == first_.slope && header.intercept == first_.intercept;
-    }
-
-    std::optional<Failure> read_scaled(ItkFile& file, std::span<std::byte> target)
-    {
-        const auto& header = file.header();
-        const std::size_t count = target.size() / bytes_of(layout_.element);
-        auto scaled = PixelMemory::allocate(count * bytes_of(*header.element));
-        if (!scaled)
-            return Failure{"There is not enough memory to read the series. Close other programs first."};
-        if (const auto failure = file.read(scaled.bytes()))
+        if (!as_grey_)
+            return open_->read(frame.index, target);
+        std::vector<std::byte> stored(target.size() / sizeof(float) * bytes_of(stored_.element));
+        if (const auto failure = open_->read(frame.index, stored))
             return failure;
-        if (as_grey_) {
-            to_float(scaled.bytes(), *header.element, {reinterpret_cast<float*>(target.data()), count});
-        } else if (!recover_stored(
-                       scaled.bytes(), *header.element, target, layout_.element, header.slope, header.intercept)) {
-            scales_differ_ = true;
-            return Failure{"The stored values of the series cannot be recovered."};
-        }
+        to_grey(stored, stored_.element, frame.header->slope_of(frame.index), frame.header->intercept_of(frame.index),
+            {reinterpret_cast<float*>(target.data()), target.size() / sizeof(float)});
         return {};
     }
 
-    const Stack& stack_;
-    const ItkHeader& first_;
+    const Frames& frames_;
+    const Layout& stored_; // one frame
     const Progress& progress_;
-    Layout layout_;
-    bool as_grey_ = false, scales_differ_ = false;
+    const bool as_grey_;
+    Layout layout_; // all of them
+    const DicomHeader* open_header_ = nullptr;
+    std::optional<DicomFrames> open_;
 };
 
 void take_texts(Volume& volume, const DicomHeader& header)
@@ -125,33 +94,43 @@ void take_texts(Volume& volume, const DicomHeader& header)
     volume.study = header.study;
     volume.series = header.series;
     volume.unit = header.unit;
-    volume.inverted = header.inverted && !volume.is_colour();
+    volume.inverted = header.pixels.is_inverted() && !volume.is_colour();
     if (header.window_width > 0 && !volume.is_colour())
         volume.header_window = {header.window_centre, header.window_width};
 }
 
-void take_frames(Volume& volume, const Stack& stack)
+void take_frames(Volume& volume, const Frames& frames)
 {
-    if (stack.size() == 1 && stack[0].frames > 1)
-        return; // counted by whoever completes the volume
-    for (const auto& header : stack)
-        volume.frames.push_back({header.along_normal(), header.instance, header.path.string()});
+    const bool one_file = frames[0].header->pixels.frames > 1;
+    for (const auto& [header, index, place] : frames) {
+        if (one_file && !place)
+            return; // counted by whoever completes the volume
+        volume.frames.push_back({place.value_or(0), one_file ? index + 1 : header->instance, header->path.string()});
+    }
+}
+
+void take_geometry(Geometry& geometry, const Frames& frames)
+{
+    const auto& header = *frames[0].header;
+    const auto& o = header.orientation_of(frames[0].index);
+    const auto n = normal_of(o);
+    geometry.direction = {o[0], o[3], n[0], o[1], o[4], n[1], o[2], o[5], n[2]};
+    const auto place = header.position_of(frames[0].index);
+    geometry.origin = place ? *place : header.position.value_or(std::array<double, 3>{});
+    geometry.spacing = {header.column_distance, header.row_distance, 1};
 }
 
 /// The distance of the frames from their positions; tells when they are not evenly spaced.
-void take_spacing(Volume& volume, std::vector<std::string>& notices, const Stack& stack)
+void take_spacing(Geometry& geometry, std::vector<std::string>& notices, const Frames& frames)
 {
-    auto& spacing = volume.geometry.spacing[2];
-    if (stack.size() < 2)
+    const auto& header = *frames[0].header;
+    auto& spacing = geometry.spacing[2];
+    spacing = header.frame_distance > 0 ? header.frame_distance : header.thickness > 0 ? header.thickness : 1;
+    if (!frames.front().place || !(*frames.back().place > *frames.front().place))
         return;
-    const double length = stack.back().along_normal() - stack.front().along_normal();
-    if (!(length > 0)) {
-        spacing = stack[0].thickness > 0 ? stack[0].thickness : 1;
-        return;
-    }
-    spacing = length / double(stack.size() - 1);
-    for (std::size_t i = 1; i < stack.size(); ++i) {
-        const double step = stack[i].along_normal() - stack[i - 1].along_normal();
+    spacing = (*frames.back().place - *frames.front().place) / double(frames.size() - 1);
+    for (std::size_t i = 1; i < frames.size(); ++i) {
+        const double step = *frames[i].place - *frames[i - 1].place;
         if (std::abs(step - spacing) > 0.05 * spacing) {
             notices.push_back("Its frames are not evenly spaced (" + number_text(step) + " mm instead of " +
                               number_text(spacing) + " mm before frame " + std::to_string(i + 1) +
@@ -161,40 +140,47 @@ void take_spacing(Volume& volume, std::vector<std::string>& notices, const Stack
     }
 }
 
+void tell_of_colours(const DicomPixels& pixels, std::vector<std::string>& notices)
+{
+    if (pixels.is_colour() && !pixels.is_palette() && pixels.bits_stored > 8)
+        notices.push_back(narrowed_notice(pixels.bits_stored));
+    if (pixels.photometric == "PALETTE COLOR" && !pixels.is_palette())
+        notices.push_back("Its table of colours cannot be read; the numbers that it has for them are shown as grey.");
 }
 
-Result<Opened> read_stack(Stack stack, const Progress& progress)
+}
+
+Result<Opened> read_stack(const Stack& stack, const Progress& progress)
 {
     for (const auto& header : stack)
         if (!header.damage.empty())
-            return Failure{quoted(header.path) + " " + header.damage};
+            return Failure{header.damage};
+    const auto layout = layout_of(stack[0]);
+    if (!layout)
+        return layout.failure();
     Opened opened;
-    keep_first_volume(stack, opened.notices);
-    const auto first = ItkFile::open(Format::dicom, stack[0].path);
-    if (!first)
-        return first.failure();
-    const auto& header = first->header();
-    if (!header.element || header.size.size() < 2)
-        return Failure{quoted(stack[0].path) + " has pixels of a kind that cannot be shown. Convert it first."};
-
-    auto& volume = opened.volume;
-    StackReader reader(stack, header, progress);
+    auto frames = frames_of(stack);
+    keep_first_volume(frames, opened.notices);
+    StackReader reader(frames, *layout, progress);
     auto elements = reader.read();
     if (!elements)
         return elements.failure();
-    volume.geometry = header.geometry;
-    if (const auto failure =
-            take_elements(volume, opened.notices, std::move(*elements), reader.layout(), stack[0].path))
+
+    auto& volume = opened.volume;
+    const auto& first = *frames[0].header;
+    take_geometry(volume.geometry, frames);
+    if (const auto failure = take_elements(volume, opened.notices, std::move(*elements), reader.layout(), first.path))
         return *failure;
-    if (reader.as_grey())
+    tell_of_colours(first.pixels, opened.notices);
+    if (reader.as_grey()) {
         opened.notices.push_back("Its frames have scales of their own; their scaled values are kept.");
-    else if (!volume.is_colour() && header.slope != 0) {
-        volume.slope = header.slope;
-        volume.intercept = header.intercept;
+    } else if (!volume.is_colour()) {
+        volume.slope = first.slope_of(frames[0].index);
+        volume.intercept = first.intercept_of(frames[0].index);
     }
-    take_texts(volume, stack[0]);
-    take_spacing(volume, opened.notices, stack);
-    take_frames(volume, stack);
+    take_texts(volume, first);
+    take_spacing(volume.geometry, opened.notices, frames);
+    take_frames(volume, frames);
     progress.at(1);
     return opened;
 }

@@ -1,8 +1,6 @@
 #include "workbench/document/stored_values.h"
 
-#include <cmath>
 #include <cstdint>
-#include <limits>
 #include <type_traits>
 
 namespace document {
@@ -37,62 +35,15 @@ decltype(auto) with_element(Element element, Function&& function)
     return function(std::type_identity<double>());
 }
 
-template <class Stored>
-bool recover(double value, double slope, double intercept, Stored& stored)
-{
-    const double exact = std::round((value - intercept) / slope);
-    if (!(exact >= double(std::numeric_limits<Stored>::lowest()) &&
-            exact <= double(std::numeric_limits<Stored>::max())))
-        return false;
-    stored = Stored(exact);
-    // Rounding in the scaling is far below this part of a step.
-    return std::abs(exact * slope + intercept - value) <= 0.01 * std::abs(slope);
 }
 
-template <class Scaled, class Stored>
-bool recover_all(const Scaled* scaled, Stored* stored, std::size_t count, double slope, double intercept)
+void to_grey(std::span<const std::byte> stored, Element type, double slope, double intercept, std::span<float> target)
 {
-    for (std::size_t i = 0; i < count; ++i)
-        if (!recover(double(scaled[i]), slope, intercept, stored[i]))
-            return false;
-    return true;
-}
-
-}
-
-bool recover_stored(std::span<const std::byte> scaled, Element scaled_type, std::span<std::byte> stored,
-    Element stored_type, double slope, double intercept)
-{
-    return with_element(scaled_type, [&](auto from) {
-        using Scaled = typename decltype(from)::type;
-        return with_element(stored_type, [&](auto to) {
-            using Stored = typename decltype(to)::type;
-            if constexpr (std::is_integral_v<Stored> && sizeof(Stored) <= 4)
-                return recover_all(reinterpret_cast<const Scaled*>(scaled.data()),
-                    reinterpret_cast<Stored*>(stored.data()), scaled.size() / sizeof(Scaled), slope, intercept);
-            else
-                return false;
-        });
-    });
-}
-
-void mirror_stored(std::span<std::byte> stored, Element stored_type, double mirror)
-{
-    with_element(stored_type, [&](auto type) {
-        using Stored = typename decltype(type)::type;
-        auto* const values = reinterpret_cast<Stored*>(stored.data());
-        for (std::size_t i = 0; i < stored.size() / sizeof(Stored); ++i)
-            values[i] = Stored(mirror - double(values[i]));
-    });
-}
-
-void to_float(std::span<const std::byte> scaled, Element scaled_type, std::span<float> target)
-{
-    with_element(scaled_type, [&](auto from) {
-        using Scaled = typename decltype(from)::type;
-        const auto* const values = reinterpret_cast<const Scaled*>(scaled.data());
+    with_element(type, [&](auto from) {
+        using Stored = typename decltype(from)::type;
+        const auto* const values = reinterpret_cast<const Stored*>(stored.data());
         for (std::size_t i = 0; i < target.size(); ++i)
-            target[i] = float(values[i]);
+            target[i] = float(double(values[i]) * slope + intercept);
     });
 }
 

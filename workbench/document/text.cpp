@@ -77,9 +77,11 @@ template std::optional<double> exact_number(std::string_view text);
 std::string extension_of(const std::filesystem::path& path)
 {
     const auto last = lower_case(path.extension().string());
+    const auto inner = lower_case(path.stem().extension().string());
+    if (last == ".json" && inner == ".mrk")
+        return inner + last;
     if (last != ".gz")
         return last;
-    const auto inner = lower_case(path.stem().extension().string());
     return inner == ".nii" || inner == ".hdr" || inner == ".img" ? inner + last : last;
 }
 

@@ -23,7 +23,7 @@ std::string exact_text(double value);
 template <class Number>
 std::optional<Number> exact_number(std::string_view text);
 
-/// Lower-case extension with its dot; ".nii.gz", ".hdr.gz" and ".img.gz" count as one.
+/// Lower-case extension with its dot; ".nii.gz", ".hdr.gz", ".img.gz" and ".mrk.json" count as one.
 std::string extension_of(const std::filesystem::path& path);
 
 /// Without blanks and line ends at both sides.

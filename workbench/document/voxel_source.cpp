@@ -2,6 +2,7 @@
 
 #include "workbench/document/inflater.h"
 #include "workbench/document/input_file.h"
+#include "workbench/document/samples.h"
 #include "workbench/document/text.h"
 
 #include <algorithm>
@@ -140,12 +141,6 @@ std::optional<Failure> read_text(const Part& part, const Progress& progress)
             return stopped;
     }
     return {};
-}
-
-void swap_bytes(Bytes bytes, std::size_t width)
-{
-    for (std::size_t at = 0; at < bytes.size(); at += width)
-        std::reverse(bytes.begin() + std::ptrdiff_t(at), bytes.begin() + std::ptrdiff_t(at + width));
 }
 
 std::optional<Failure> read_part(const Part& part, const Progress& progress)

@@ -44,10 +44,9 @@ std::optional<document::Failure> exportHistogram(Tool_Histo& panel, const std::f
             std::string name = temporary.string();
             const ReportRecorder recorder;
             if (panel.Write(name.data()) != 1)
-                return document::Failure{"The histogram could not be written. " + recorder.warnings()};
+                return document::Failure{"the table could not be written (" + recorder.warnings() + ")"};
             if (!isWhole(temporary, lines))
-                return document::Failure{"The histogram could not be written whole; the disk may be full. Make room, "
-                                         "or choose another folder."};
+                return document::Failure{"the table could not be written whole"};
             return std::nullopt;
         });
 }

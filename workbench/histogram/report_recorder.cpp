@@ -21,6 +21,16 @@ ReportRecorder::~ReportRecorder()
     hostkit::Set_Report_Sink(std::move(before_));
 }
 
+std::vector<std::string> ReportRecorder::texts(int level) const
+{
+    std::vector<std::string> texts;
+    for (const auto& report : reports_) {
+        if (report.level == level)
+            texts.push_back(hostkit::Plain_Text(report.text));
+    }
+    return texts;
+}
+
 std::string ReportRecorder::warnings() const
 {
     constexpr int last_warning_level = 2;

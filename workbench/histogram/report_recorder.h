@@ -18,6 +18,9 @@ public:
 
     const std::vector<hostkit::Report>& reports() const { return reports_; }
 
+    /// The texts of one level, without markup.
+    std::vector<std::string> texts(int level) const;
+
     /// The texts of failures and warnings, without markup, one after the other; empty when there are none.
     std::string warnings() const;
 

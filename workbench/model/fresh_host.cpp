@@ -14,7 +14,9 @@ namespace {
 // Files are offered to be written there; the name is put behind it.
 char* homeFolder()
 {
-    static QByteArray& folder = *new QByteArray(QFile::encodeName(QDir::homePath()) + '/');
+    static QByteArray& folder = *new QByteArray(QFile::encodeName(QDir::homePath()));
+    if (!folder.endsWith('/'))
+        folder += '/';
     return folder.data();
 }
 

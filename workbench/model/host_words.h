@@ -1,6 +1,9 @@
 #pragma once
 
-/// The change-flag words that the workbench sends and follows.
+#include "host/structures.h"
+
+/// The change-flag words that the workbench sends and follows. Those of the current tag, of colours, enables and names
+/// speak of tags and of markers alike.
 namespace workbench::word {
 
 constexpr unsigned long long selection_2D = 0x102; // both bits must be set
@@ -12,6 +15,13 @@ constexpr unsigned long long histogram_look = 1ull << 31;
 constexpr unsigned long long tag_colours = 1ull << 38;
 constexpr unsigned long long colour_component = 1ull << 39;
 constexpr unsigned long long tag_locks = 1ull << 44;
+constexpr unsigned long long tag_enables = 1ull << 45;
 constexpr unsigned long long tag_names = 1ull << 47;
+
+/// Sends one to all panels and views.
+inline void tell(unsigned long long flags)
+{
+    Fct_Update(flags, nullptr, nullptr, nullptr);
+}
 
 }

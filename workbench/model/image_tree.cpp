@@ -136,6 +136,13 @@ int ImageTree::frameCount() const
     return series_ ? series_->Child_Get_Nb() : 0;
 }
 
+std::optional<int> ImageTree::indexOf(const Strato_2D* frame) const
+{
+    if (!series_ || frame->Parent_Get_Pt() != series_)
+        return {};
+    return hostkit::Child_Index(frame);
+}
+
 bool ImageTree::isSelected(int z) const
 {
     return series_ && is_selected(series_->Child_Get_Pt(z));

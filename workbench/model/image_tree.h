@@ -32,6 +32,9 @@ public:
 
     int frameCount() const;
 
+    /// Which frame an object of the tree is, from 0; nothing when it is none of them.
+    std::optional<int> indexOf(const Strato_2D* frame) const;
+
     /// Selects the frames from first to last and no others; tells the panels if that changes anything.
     void select(int first, int last);
     bool isSelected(int z) const;

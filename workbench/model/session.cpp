@@ -12,6 +12,7 @@ namespace workbench {
 Session::Session(QObject* parent) : QObject(parent)
 {
     updates_ = hostkit::On_Update([this](unsigned long long flags) { hostChanged(flags); });
+    connect(&markers_, &Markers::savedChanged, this, &Session::titleChanged);
 }
 
 Session::~Session()
@@ -48,7 +49,7 @@ std::optional<document::Failure> Session::adoptImage(document::Opened opened)
     const hostkit::Panel_Call until_complete; // panels and views hear of it when everything is in place
     try {
         const auto window = document::suggest_window(opened.volume);
-        auto image = std::make_unique<Image>(std::move(opened.volume), std::move(*labels));
+        auto image = std::make_shared<Image>(std::move(opened.volume), std::move(*labels));
         tree_.replace(image->volume, image->volume.frame_count() / 2);
         stroke_.reset();
         undo_.clear();
@@ -61,6 +62,7 @@ std::optional<document::Failure> Session::adoptImage(document::Opened opened)
     labelPath_.clear();
     firstRevision_ = revision_ = savedRevision_ = ++lastRevision_;
     selection_.reset();
+    markers_.reset();
     emit imageChanged();
     emit titleChanged();
     return {};

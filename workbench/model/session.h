@@ -5,6 +5,8 @@
 #include "workbench/model/frame_selection.h"
 #include "workbench/model/fresh_host.h"
 #include "workbench/model/image_tree.h"
+#include "workbench/model/markers.h"
+#include "workbench/model/propagation.h"
 #include "workbench/model/stroke.h"
 #include "workbench/model/tag_table.h"
 #include "workbench/model/voxel.h"
@@ -77,8 +79,11 @@ public:
     /// Whether the labels differ from that file, or from an empty map when there is none. Exact through undo and redo.
     bool areLabelsModified() const { return revision_ != savedRevision_; }
 
-    /// Whether anything would be lost with the session: labels, or names, colours and thresholds of tags.
-    bool isModified() const { return areLabelsModified() || table_.isModified(); }
+    /// Whether anything would be lost with the image: labels or markers.
+    bool isImageWorkModified() const { return areLabelsModified() || markers_.isModified(); }
+
+    /// Whether anything would be lost with the session: labels, markers, or names, colours and thresholds of tags.
+    bool isModified() const { return isImageWorkModified() || table_.isModified(); }
 
     // ------------------------------------------------------------------------------------------------- the frames
 
@@ -170,7 +175,35 @@ public:
     void cancelStroke();               ///< takes it back
     bool isPainting() const { return stroke_ != nullptr; }
 
-    /// Strokes, loaded labels and changes of tags; each step has a text. An undo takes back a stroke in progress first.
+    // ------------------------------------------------------------------------------------------------- propagating
+
+    /// How tags are carried over to other frames.
+    document::CarryMode carryMode() const { return carryMode_; }
+    void setCarryMode(document::CarryMode mode);
+
+    /// Carries the tags that are enabled and not locked from a frame of the image to another one and shows that, as one
+    /// step of undo. A stroke in progress is ended first. @return whether it was done; if not, message() says why
+    bool propagate(const Strato_2D* from, const Strato_2D* to);
+
+    /// The same over `count` frames from the shown one on, or as many as there are; direction 1 or -1. The work is run
+    /// in any thread and then adopted. Null, and message() says why, when it cannot be done; just null when there is no
+    /// such frame.
+    std::unique_ptr<Propagation> propagationOver(int count, int direction);
+
+    /// Makes the outcome a step of undo and shows the last frame. What was painted meanwhile stays. @return false when
+    /// the image is no longer open or memory is short
+    bool adoptPropagation(const Propagation& work);
+
+    // ----------------------------------------------------------------------------------------------------- markers
+
+    /// The points that are set in the image.
+    Markers& markers() { return markers_; }
+    const Markers& markers() const { return markers_; }
+
+    // -------------------------------------------------------------------------------------------------------- undo
+
+    /// Strokes, loaded labels, propagations, changes of tags and of markers; each step has a text. An undo takes back a
+    /// stroke in progress first.
     QUndoStack& undoStack() { return undo_; }
 
 signals:
@@ -183,6 +216,7 @@ signals:
     void tagsChanged();                ///< colours, names or locks
     void thresholdsChanged();          ///< of any tag
     void brushChanged();               ///< the current brush, or the set of brushes
+    void carryModeChanged();           ///< carryMode()
     void titleChanged();               ///< imageName(), labelPath() or isModified()
     void message(const QString& text); ///< for the status bar
 
@@ -211,17 +245,23 @@ private:
     QString paintingRefused(unsigned tag) const;
     LockedTags lockedTags() const;
     void strokeFailed();
+    document::TagSet freeTags() const; // enabled and not locked
+    QString propagationRefused(const Strato_2D* from, const Strato_2D* to) const;
+    std::unique_ptr<Propagation> propagation(int first, int last);
+    void propagationFailed();
 
     FreshHost host_;
     ImageTree tree_;
     FrameSelection selection_{tree_};
     TagTable table_;
-    std::unique_ptr<Image> image_;
+    Markers markers_{*this};
+    std::shared_ptr<Image> image_; // work in other threads may still need its pixels
     std::unique_ptr<Stroke> stroke_;
     QString strokeText_;
     QUndoStack undo_;
     document::Window window_;
     double opacity_ = 0.5;
+    document::CarryMode carryMode_ = document::CarryMode::add;
     int shownFrame_ = 0; // that the views know of
     QString labelPath_;
 

@@ -21,11 +21,6 @@ QRgb colourOf(const document::LabelEntry& entry)
     return qRgb(entry.red, entry.green, entry.blue);
 }
 
-void tell(unsigned long long flags)
-{
-    Fct_Update(flags, nullptr, nullptr, nullptr);
-}
-
 }
 
 std::optional<Thresholds> Session::thresholds(unsigned tag) const
@@ -92,9 +87,9 @@ void Session::showTags(const TagTable::State& state)
     if (changes.outOfMemory)
         emit message(tr("There is not enough memory to rename the tag."));
     else if (changes.names)
-        tell(word::tag_names);
+        word::tell(word::tag_names);
     if (changes.colours)
-        tell(word::tag_colours);
+        word::tell(word::tag_colours);
     if (changes.thresholds)
         emit thresholdsChanged();
     emit titleChanged();

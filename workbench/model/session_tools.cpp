@@ -14,11 +14,6 @@ unsigned short& number(const char* name)
     return hostkit::Variable<unsigned short>(name);
 }
 
-void tell(unsigned long long flags)
-{
-    Fct_Update(flags, nullptr, nullptr, nullptr);
-}
-
 }
 
 unsigned Session::tagCount() const
@@ -36,7 +31,7 @@ void Session::setCurrentTag(unsigned tag)
     if (tag >= tagCount())
         return;
     number("$TAG_CUR") = static_cast<unsigned short>(tag);
-    tell(word::current_tag);
+    word::tell(word::current_tag);
 }
 
 QString Session::tagName(unsigned tag) const
@@ -65,7 +60,7 @@ void Session::toggleLock(unsigned tag)
     if (tag >= tagCount())
         return;
     hostkit::Tag_Lock(tag, !hostkit::Tag_Locked(tag));
-    tell(word::tag_locks);
+    word::tell(word::tag_locks);
 }
 
 unsigned Session::brushCount() const
@@ -83,7 +78,7 @@ void Session::setCurrentBrush(unsigned brush)
     if (brush >= brushCount())
         return;
     number("$BRUSH_CUR") = static_cast<unsigned short>(brush);
-    tell(word::brushes);
+    word::tell(word::brushes);
 }
 
 void Session::smallerBrush()

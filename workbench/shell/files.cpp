@@ -43,7 +43,7 @@ void Files::complain(const document::Failure& failure)
 bool Files::refuseWhileBusy()
 {
     if (busy())
-        emit said(tr("Another file is being read or written; wait for its end or cancel it."));
+        emit said(Worker::busyText());
     return busy();
 }
 

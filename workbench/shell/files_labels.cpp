@@ -150,12 +150,14 @@ void Files::saveWhatIsUnsaved(const std::function<void()>& then)
         saveTableTo(userPath(beside), then);
 }
 
+// By name or, under another name, by being the same file; the image's own may be gone by now.
 bool Files::isImageFile(const QString& path) const
 {
     const QFileInfo target(path);
     for (const QString& file : session_.imageFiles()) {
         const QFileInfo image(file);
-        if (target == image || (target.exists() && target.canonicalFilePath() == image.canonicalFilePath()))
+        if (target.absoluteFilePath() == image.absoluteFilePath() ||
+            (target.exists() && target.canonicalFilePath() == image.canonicalFilePath()))
             return true;
     }
     return false;

@@ -3,13 +3,13 @@
 #include "platform/qt/window_widget.h"
 #include "workbench/histogram/peak_table.h"
 #include "workbench/model/session.h"
+#include "workbench/shell/quiet_row.h"
 #include "workbench/shell/theme.h"
 
 #include <algorithm>
 #include <cmath>
 #include <QComboBox>
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
@@ -17,6 +17,7 @@
 #include <QSpinBox>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace workbench {
 
@@ -25,23 +26,6 @@ namespace {
 using Choice = FrameSelection::Choice;
 
 constexpr int panelHeight = 140; // at the usual size
-
-QHBoxLayout* rowIn(QWidget* row)
-{
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(theme::smallSpacing);
-    return layout;
-}
-
-// A widget that leaves the keys to the image once it was used.
-template <class Widget>
-Widget* quiet(Widget* widget, const QString& toolTip)
-{
-    widget->setFocusPolicy(Qt::TabFocus);
-    widget->setToolTip(toolTip);
-    return widget;
-}
 
 // As many digits as a fit is worth; counts are whole.
 QString number(double value)
@@ -121,16 +105,18 @@ void HistogramSection::layOut()
 {
     const double scale = fontMetrics().height() / 15.0;
     panelWidget_->setFixedHeight(static_cast<int>(panelHeight * std::max(1.0, scale)));
-    const float zoom = histogram_.zoom();
+    const float zoom = keptZoom_.value_or(histogram_.zoom());
     histogram_.host().Lay_Out();
     histogram_.setZoom(zoom);
 }
 
-// Another width lays the panel out; its zoom is the user's all the same.
+// Another width lays the panel out; its zoom is the user's all the same. There may be several before it is set again.
 bool HistogramSection::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == panelWidget_ && event->type() == QEvent::Resize)
-        QTimer::singleShot(0, this, [this, zoom = histogram_.zoom()] { histogram_.setZoom(zoom); });
+    if (watched == panelWidget_ && event->type() == QEvent::Resize && !keptZoom_) {
+        keptZoom_ = histogram_.zoom();
+        QTimer::singleShot(0, this, [this] { histogram_.setZoom(*std::exchange(keptZoom_, std::nullopt)); });
+    }
     return QWidget::eventFilter(watched, event);
 }
 

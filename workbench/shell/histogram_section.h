@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 class QComboBox;
 class QLabel;
 class QPushButton;
@@ -49,6 +51,7 @@ private:
     QPushButton* fit_;
     QPushButton* export_;
     QLabel* result_;
+    std::optional<float> keptZoom_; // while the panel is laid out
 };
 
 }

@@ -35,11 +35,14 @@ MainWindow::MainWindow(Session& session)
     resize(1280, 860);
 
     theme::setInterfaceSize(theme::interfaceSizes[0]);
-    panels_ = std::make_unique<ToolPanels>(session, *column_);
+    panels_ = std::make_unique<ToolPanels>(session, *column_, files_.worker());
     column_->addSection(tr("Overlay"), opacity_);
     menus_ = std::make_unique<Menus>(*this, session, files_, *view_);
     connect(menus_.get(), &Menus::interfaceSizeChosen, this, &MainWindow::setInterfaceSize);
     connect(menus_.get(), &Menus::tagEditChosen, this, &MainWindow::editTag);
+    connect(menus_.get(), &Menus::propagateChosen, &panels_->propagation(), &PropagateSection::propagate);
+    connect(menus_.get(), &Menus::propagateOverChosen, &panels_->propagation(), &PropagateSection::propagateOver);
+    connect(&panels_->propagation(), &PropagateSection::said, status_, &StatusLine::say);
     connect(&panels_->histogram(), &HistogramSection::exportWanted, this,
         [this] { files_.chooseHistogramTarget(panels_->histogram().histogram()); });
     connect(&reports_, &Reports::reported, this, &MainWindow::showReport);

@@ -72,6 +72,19 @@ void Menus::addTagMenu()
     menu.addSeparator();
     add(menu, tr("&Smaller brush"), tr("["), [this] { session_.smallerBrush(); });
     add(menu, tr("&Larger brush"), tr("]"), [this] { session_.largerBrush(); });
+    menu.addSeparator();
+    addPropagateMenu(menu);
+}
+
+void Menus::addPropagateMenu(QMenu& tag)
+{
+    QMenu& menu = *tag.addMenu(tr("P&ropagate"));
+    needSlices_ << add(menu, tr("To the &next slice"), tr("Ctrl+PgDown"), [this] { emit propagateChosen(1); });
+    needSlices_ << add(menu, tr("To the &previous slice"), tr("Ctrl+PgUp"), [this] { emit propagateChosen(-1); });
+    needSlices_ << add(
+        menu, tr("Over several &later slices"), tr("Ctrl+Shift+PgDown"), [this] { emit propagateOverChosen(1); });
+    needSlices_ << add(
+        menu, tr("Over several &earlier slices"), tr("Ctrl+Shift+PgUp"), [this] { emit propagateOverChosen(-1); });
 }
 
 void Menus::addViewMenu()
@@ -116,6 +129,8 @@ void Menus::followSession()
 {
     for (QAction* action : needImage_)
         action->setEnabled(session_.hasImage());
+    for (QAction* action : needSlices_)
+        action->setEnabled(session_.frameCount() > 1);
     const unsigned tag = session_.currentTag();
     QString title = session_.tagTitle(tag);
     title.replace(QLatin1Char('&'), QLatin1String("&&"));

@@ -21,11 +21,14 @@ public:
 signals:
     void interfaceSizeChosen(int percent);
     void tagEditChosen();
+    void propagateChosen(int direction);     ///< to the next (1) or the previous slice (-1)
+    void propagateOverChosen(int direction); ///< over several of them
 
 private:
     void addFileMenu();
     void addEditMenu();
     void addTagMenu();
+    void addPropagateMenu(QMenu& tag);
     void addViewMenu();
     void addSizeMenu(QMenu& view);
     void addHelpMenu();
@@ -43,6 +46,7 @@ private:
     QAction* edit_ = nullptr;
     QAction* lock_ = nullptr;
     QList<QAction*> needImage_;
+    QList<QAction*> needSlices_; // more than one
 };
 
 }

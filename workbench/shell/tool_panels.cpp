@@ -17,7 +17,7 @@ constexpr int fewestRows = 4; // before the panel scrolls, the column does
 
 }
 
-ToolPanels::ToolPanels(Session& session, ToolColumn& column)
+ToolPanels::ToolPanels(Session& session, ToolColumn& column, Worker& worker)
     : session_(session), column_(column),
       tags_(nullptr, {.clicked =
                              [this](int tag) {
@@ -30,14 +30,15 @@ ToolPanels::ToolPanels(Session& session, ToolColumn& column)
                                         session_.setCurrentBrush(static_cast<unsigned>(brushes_.panel().Read()));
                                 }}),
       tagWidget_(Widget_From_Window(tags_.window())), brushWidget_(Widget_From_Window(brushes_.window())),
-      histogram_(new HistogramSection(session)),
-      keys_({&tags_.host(), &brushes_.host(), &histogram_->histogram().host()})
+      propagation_(new PropagateSection(session, worker)), histogram_(new HistogramSection(session)),
+      keys_({&tags_.host(), &brushes_.host(), &propagation_->host(), &histogram_->histogram().host()})
 {
     Fct_Update(brushesChanged, nullptr, nullptr, nullptr); // the panel builds the brushes' shapes
     tags_.host().Set_Look(theme::panelLook());
     brushes_.host().Set_Look(theme::panelLook());
     column.addSection(tr("Tags"), tagWidget_);
     column.addSection(tr("Brushes"), brushWidget_);
+    column.addSection(tr("Propagate"), propagation_);
     column.addSection(tr("Histogram"), histogram_);
     tagWidget_->show();
     brushWidget_->show();
@@ -65,6 +66,7 @@ void ToolPanels::layOut()
     fitHeights();
     tags_.host().Lay_Out();
     brushes_.host().Lay_Out();
+    propagation_->layOut();
     histogram_->layOut();
 }
 

@@ -5,6 +5,7 @@
 #include "tools/tool_tag.h"
 #include "workbench/shell/histogram_section.h"
 #include "workbench/shell/panel_keys.h"
+#include "workbench/shell/propagate_section.h"
 
 #include <QObject>
 
@@ -17,14 +18,15 @@ class ToolColumn;
 class ToolPanels final : public QObject {
     Q_OBJECT
 public:
-    /// Makes the panels and appends their sections. Session and column must outlive them.
-    ToolPanels(Session& session, ToolColumn& column);
+    /// Makes the panels and appends their sections. Session, column and worker must outlive them.
+    ToolPanels(Session& session, ToolColumn& column, Worker& worker);
 
     /// Lays all panels out again, after a change of the interface's size or of the number of tags.
     void layOut();
 
     QWidget& tagWidget() const { return *tagWidget_; }
     QWidget& brushWidget() const { return *brushWidget_; }
+    PropagateSection& propagation() const { return *propagation_; }
     HistogramSection& histogram() const { return *histogram_; }
     bool editing() { return tags_.host().Editing() || brushes_.host().Editing(); }
 
@@ -38,6 +40,7 @@ private:
     hostkit::Panel_Slot<Tool_Brush> brushes_;
     QWidget* tagWidget_;
     QWidget* brushWidget_;
+    PropagateSection* propagation_;
     HistogramSection* histogram_;
     unsigned laidOutTags_ = 0;
     PanelKeys keys_;

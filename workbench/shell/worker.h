@@ -21,6 +21,9 @@ public:
 
     bool busy() const { return thread_ != nullptr; }
 
+    /// What to say to a user who wants something else meanwhile.
+    static QString busyText() { return tr("Something else is still being done; wait for its end or cancel it."); }
+
     /// Runs `work` in a thread of its own and, when it has ended, `then` in this one. Nothing else must be running.
     /// @param title   what is being done, for the status bar: "Opening ch2.nii.gz"
     /// @param failed  called instead of `then` when the work ended by an exception, with the reason

@@ -27,6 +27,7 @@ constexpr Step steps[] = {
     {"erase", &TourSteps::erase},
     {"undo", &TourSteps::undo},
     {"redo", &TourSteps::redo},
+    {"propagate", &TourSteps::propagate},
     {"window", &TourSteps::changeWindow},
     {"zoom", &TourSteps::zoom},
     {"save", &TourSteps::save},

@@ -7,6 +7,7 @@
 #include "workbench/shell/tool_panels.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -206,6 +207,31 @@ QString TourSteps::redo()
     driver_.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     require(tags() == afterErasing_, QStringLiteral("the labels are not as they were after erasing"));
     return QStringLiteral("it is erased again");
+}
+
+void TourSteps::chooseAdapting()
+{
+    const auto& list = *window_.panels().propagation().findChild<QComboBox*>();
+    driver_.click(list, list.rect().center());
+    driver_.key(Qt::Key_End);
+    driver_.key(Qt::Key_Return);
+    require(session_.carryMode() == document::CarryMode::adapt, QStringLiteral("the list did not choose adapting"));
+}
+
+QString TourSteps::propagate()
+{
+    constexpr int wanted = 10;
+    const int first = session_.frame();
+    const int last = std::min(first + wanted, session_.frameCount() - 1);
+    if (last == first)
+        return QStringLiteral("no slice follows");
+    const std::size_t before = painted(firstTag);
+    chooseAdapting();
+    driver_.key(Qt::Key_PageDown, Qt::ControlModifier | Qt::ShiftModifier);
+    Driver::waitFor([this] { return !window_.files().busy(); });
+    require(session_.frame() == last, QStringLiteral("the tags were not carried to slice %1").arg(last + 1));
+    require(paintedOnFrame() > 0, QStringLiteral("nothing is on slice %1").arg(last + 1));
+    return QStringLiteral("%1 more on %2 slices").arg(counted(painted(firstTag) - before)).arg(last - first);
 }
 
 QString TourSteps::changeWindow()

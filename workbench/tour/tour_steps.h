@@ -35,6 +35,7 @@ public:
     QString erase();
     QString undo();
     QString redo();
+    QString propagate(); ///< over ten slices, or as many as follow
     QString changeWindow();
     QString zoom();
     QString save();
@@ -56,6 +57,7 @@ private:
     QPoint inView(double x, double y) const;
     std::vector<QPoint> arc(double radius, double from, double to) const;
     void clickTag(unsigned tag);
+    void chooseAdapting();
     void writeIntoDialog(const QString& path);
 
     Session& session_;

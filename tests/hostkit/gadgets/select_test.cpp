@@ -399,18 +399,3 @@ TEST_F(Select, AnAmountLeavesTheKeyAlone)
     EXPECT_EQ(list.value, 1);
     EXPECT_EQ(YKey, 2083);
 }
-
-TEST_F(Select, WithoutItemsDrawsNothing)
-{
-    for (const unsigned state : {active, greyed, 35u}) {
-        list.state = state;
-        list.Grow(0, 0);
-        Wipe();
-        list.Draw();
-        list.Adjust();
-        EXPECT_TRUE(Untouched(list)) << state;
-        Fill(1);
-        list.Adjust();
-        EXPECT_FALSE(Untouched(list)) << state;
-    }
-}

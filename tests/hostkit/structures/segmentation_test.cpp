@@ -65,11 +65,30 @@ TEST_F(Segmentation, NamesAreCopiesAndAnEmptyNameIsNone)
     EXPECT_EQ(Tag_Label(2), nullptr);
 }
 
+TEST_F(Segmentation, MarkersAreInTheirVariables)
+{
+    Marker_Color_Set(0, {0x12, 0x34, 0x56});
+    EXPECT_EQ(Array_Variable<unsigned>("$MARKER_COLOR")[0], 0x563412u);
+    EXPECT_EQ(Marker_Color(0), (Colors{0x12, 0x34, 0x56}));
+    EXPECT_TRUE(Marker_Enabled(63));
+    Marker_Enable(63, false);
+    EXPECT_EQ(Array_Variable<unsigned char>("$MARKER_ENABLE")[63], 0);
+    EXPECT_FALSE(Marker_Enabled(63));
+    EXPECT_TRUE(Marker_Label_Set(2, "Nasion"));
+    EXPECT_STREQ(Marker_Label(2), "Nasion");
+    EXPECT_EQ(Array_Variable<char*>("$MARKER_LABEL")[2], Marker_Label(2));
+    EXPECT_TRUE(Marker_Label_Set(2, nullptr));
+    EXPECT_EQ(Marker_Label(2), nullptr);
+    EXPECT_EQ(Tag_Label(2), nullptr);
+}
+
 TEST_F(Segmentation, ResetFreesNamesThatAnyoneStored)
 {
     Array_Variable<char*>("$TAG_LABEL")[5] = strdup("from a panel");
+    Array_Variable<char*>("$MARKER_LABEL")[5] = strdup("from a panel");
     Segmentation_Reset();
     EXPECT_EQ(Tag_Label(5), nullptr);
+    EXPECT_EQ(Marker_Label(5), nullptr);
 }
 
 TEST_F(Segmentation, BrushesGetGridsOfTheLargestRadius)

@@ -1,5 +1,6 @@
 #include "hostkit/structures/broadcast.h"
 #include "hostkit/structures/registry.h"
+#include "hostkit/structures/series_pixels.h"
 #include "hostkit/structures/tree.h"
 
 #include <gtest/gtest.h>
@@ -116,6 +117,16 @@ TEST_F(Tree, RemovingLetsNoVariableNameTheObjectOrWhatIsBelowIt)
     EXPECT_EQ(Window_Frame(window), nullptr);
     EXPECT_EQ(Object_Variable<Strato_2D>("$FRAME_OVR"), nullptr);
     EXPECT_EQ(Root_2D()->Child_Get_Nb(), 0);
+}
+
+TEST_F(Tree, FramesHaveTheSizeOfTheirPixels)
+{
+    static const unsigned char pixels[6 * 4 * 3] = {};
+    EXPECT_EQ(Frame_Size(frames[0]), (Pixel_Size{0, 0}));
+    Series_Pixels_Set(series, {Pixel_Type::u8, pixels, 6, 4, 3});
+    EXPECT_EQ(Frame_Size(frames[2]), (Pixel_Size{6, 4}));
+    Series_Pixels_Set(series, {});
+    EXPECT_EQ(Frame_Size(frames[2]), (Pixel_Size{0, 0}));
 }
 
 TEST_F(Tree, TheRootAndNothingCannotBeRemoved)

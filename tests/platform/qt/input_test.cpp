@@ -229,6 +229,40 @@ TEST_F(Qt_Input, KeysAreKnownWhileTheyAreDown)
     EXPECT_GE(GetKeyState('B'), 0);
 }
 
+TEST_F(Qt_Input, KeyWithAltIsTheSystemsAndTypesNothing)
+{
+    constexpr LPARAM alt_is_down = LPARAM{1} << 29;
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, Qt::Key_A, Qt::AltModifier, QStringLiteral("a"));
+        QApplication::sendEvent(widget, &event);
+    }
+    ASSERT_EQ(window.count(WM_SYSKEYDOWN), 1);
+    EXPECT_EQ(window.last(WM_SYSKEYDOWN)->wparam, WPARAM{'A'});
+    EXPECT_TRUE(window.last(WM_SYSKEYDOWN)->lparam & alt_is_down);
+    EXPECT_EQ(window.count(WM_SYSKEYUP), 1);
+    EXPECT_EQ(window.count(WM_KEYDOWN) + window.count(WM_KEYUP) + window.count(WM_CHAR), 0);
+    EXPECT_EQ(outside.keys, std::vector<int>{Qt::Key_A}) << "nobody used it";
+}
+
+TEST_F(Qt_Input, AltItselfIsTheSystems)
+{
+    QTest::keyClick(widget, Qt::Key_Alt);
+    ASSERT_EQ(window.count(WM_SYSKEYDOWN), 1);
+    EXPECT_EQ(window.last(WM_SYSKEYDOWN)->wparam, WPARAM{VK_MENU});
+    EXPECT_EQ(window.count(WM_KEYDOWN), 0);
+}
+
+TEST_F(Qt_Input, KeyWithAltAndControlIsTyped)
+{
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_Q, Qt::AltModifier | Qt::ControlModifier, QStringLiteral("@"));
+    QApplication::sendEvent(widget, &event);
+    EXPECT_EQ(window.count(WM_SYSKEYDOWN), 0);
+    ASSERT_EQ(window.count(WM_KEYDOWN), 1);
+    EXPECT_EQ(window.last(WM_KEYDOWN)->lparam, 1);
+    ASSERT_EQ(window.count(WM_CHAR), 1);
+    EXPECT_EQ(window.last(WM_CHAR)->wparam, WPARAM{'@'});
+}
+
 TEST_F(Qt_Input, CharacterBeyondSixteenBitsComesAsOne)
 {
     QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUtf8("\xF0\x9F\x98\x80"));

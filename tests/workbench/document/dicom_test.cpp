@@ -137,7 +137,7 @@ TEST(Dicom, ImplicitColourAndInvertedImagesOpen)
 {
     const Folder folder;
     Dicom plain;
-    plain.implicit = true;
+    plain.writing = Dicom::Writing::implicit;
     write_dicom(folder / "implicit", plain);
     const auto implicit = document::open({folder / "implicit"});
     ASSERT_TRUE(implicit) << message_of(implicit);

@@ -12,6 +12,7 @@
 #include <itkTIFFImageIO.h>
 
 #include <algorithm>
+#include <charls/charls.h>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
@@ -168,8 +169,11 @@ std::vector<std::uint8_t> read_bytes_with_itk(const Path& path, Geometry& geomet
     return bytes;
 }
 
-void write_compressed_dicom(const Path& path, int columns, int rows, const std::vector<std::uint16_t>& pixels)
+void write_compressed_dicom(
+    const Path& path, int columns, int rows, const std::vector<std::uint16_t>& pixels, Compression compression)
 {
+    using Kind = itk::GDCMImageIO::CompressionEnum;
+    constexpr Kind kinds[] = {Kind::JPEG, Kind::JPEG2000};
     const auto io = itk::GDCMImageIO::New();
     io->SetFileName(path.string());
     Geometry geometry;
@@ -179,9 +183,20 @@ void write_compressed_dicom(const Path& path, int columns, int rows, const std::
     io->SetComponentType(itk::CommonEnums::IOComponent::USHORT);
     io->SetNumberOfComponents(1);
     io->SetUseCompression(true);
-    io->SetCompressionType(itk::GDCMImageIO::CompressionEnum::JPEG2000);
+    io->SetCompressionType(kinds[std::size_t(compression)]);
     io->WriteImageInformation();
     io->Write(pixels.data());
+}
+
+std::string jpeg_ls(int columns, int rows, int samples, const std::vector<std::uint16_t>& planes)
+{
+    charls::jpegls_encoder encoder;
+    encoder.frame_info({std::uint32_t(columns), std::uint32_t(rows), 16, samples});
+    encoder.interleave_mode(charls::interleave_mode::none);
+    std::string stream(encoder.estimated_destination_size(), '\0');
+    encoder.destination(stream);
+    stream.resize(encoder.encode(planes));
+    return stream;
 }
 
 std::string in_child(const std::function<std::string()>& action)

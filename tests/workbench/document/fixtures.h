@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <span>
 #include <string>
 #include <vector>
@@ -97,8 +98,13 @@ std::string in_child(const std::function<std::string()>& action);
 /// The failure's message; empty when it opened.
 std::string message_of(const document::Result<document::Opened>& opened);
 
-/// One DICOM file, explicit little-endian unless compressed, written by this fixture byte for byte.
+/// One DICOM file, written by this fixture byte for byte.
 struct Dicom {
+    enum class Writing { little_endian, implicit, big_endian, deflated };
+    struct Element {
+        std::string vr, value; ///< the value's bytes as the file has them
+    };
+
     std::string series_uid = "1.2.3";
     std::string series = "Axial";
     std::string modality = "CT";
@@ -113,11 +119,23 @@ struct Dicom {
     int instance = 1;
     int rows = 4, columns = 6, frames = 1, samples = 1;
     int bits = 16;
-    bool is_signed = false;
-    bool implicit = false;
-    std::string pixels; ///< bytes; shorter than promised for damage. Empty: counted up
+    int bits_stored = 0; ///< 0: all
+    int high_bit = -1;   ///< -1: the last of them
+    bool is_signed = false, planar = false;
+    Writing writing = Writing::little_endian;
+    std::string syntax;                    ///< instead of that of the writing
+    std::string preamble;                  ///< instead of 128 zeros
+    bool bare = false;                     ///< without what comes before the elements of the image
+    std::string pixels;                    ///< bytes; shorter than promised for damage. Empty: counted up
+    std::vector<std::string> fragments;    ///< instead of pixels: the table, then what is compressed
+    std::map<std::uint32_t, Element> more; ///< by group << 16 | element; instead of those above. Without vr: left out
 };
 void write_dicom(const Path& path, const Dicom& dicom);
+
+/// The value of a sequence of items that have one element each, or sequences in it.
+std::string items(const std::vector<std::string>& contents);
+std::string element(std::uint32_t tag, const std::string& vr, std::string value,
+    Dicom::Writing writing = Dicom::Writing::little_endian);
 
 template <class Pixel>
 std::string as_bytes(const std::vector<Pixel>& pixels)
@@ -125,7 +143,12 @@ std::string as_bytes(const std::vector<Pixel>& pixels)
     return {reinterpret_cast<const char*>(pixels.data()), pixels.size() * sizeof(Pixel)};
 }
 
-/// A compressed one, written by ITK.
-void write_compressed_dicom(const Path& path, int columns, int rows, const std::vector<std::uint16_t>& pixels);
+/// A compressed one without loss, written by ITK.
+enum class Compression { jpeg, jpeg_2000 };
+void write_compressed_dicom(const Path& path, int columns, int rows, const std::vector<std::uint16_t>& pixels,
+    Compression compression = Compression::jpeg_2000);
+
+/// A stream of JPEG-LS without loss; with several samples a pixel, each of them apart.
+std::string jpeg_ls(int columns, int rows, int samples, const std::vector<std::uint16_t>& planes);
 
 }

@@ -45,6 +45,16 @@ TEST(Geometry, PositionFollowsTheAxes)
     EXPECT_EQ(geometry.position(1, 2, 3), (std::array{16.0, 22.0, 18.0}));
 }
 
+TEST(Geometry, IndexIsTheWayBack)
+{
+    auto geometry = turned_geometry(10, 20, 30);
+    geometry.direction[4] += 1e-4; // as a file rounds it
+    const std::array<double, 3> voxel = {-3.5, 7.25, 40};
+    const auto found = geometry.index(geometry.position(voxel[0], voxel[1], voxel[2]));
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        EXPECT_NEAR(found[axis], voxel[axis], 1e-9);
+}
+
 TEST(Text, OfMessages)
 {
     EXPECT_EQ(bytes_text(512), "512 bytes");
@@ -53,4 +63,6 @@ TEST(Text, OfMessages)
     EXPECT_EQ(number_text(-1024), "-1024");
     EXPECT_EQ(extension_of("x/Y.NII.GZ"), ".nii.gz");
     EXPECT_EQ(extension_of("a.tar.gz"), ".gz");
+    EXPECT_EQ(extension_of("a/Points.MRK.json"), ".mrk.json");
+    EXPECT_EQ(extension_of("a.mrk/b.json"), ".json");
 }

@@ -1,5 +1,4 @@
 #include "tests/workbench/document/fixtures.h"
-#include "workbench/document/stored_values.h"
 
 #include <cstring>
 #include <gtest/gtest.h>
@@ -8,8 +7,6 @@ using namespace document;
 using namespace document_test;
 
 namespace {
-
-constexpr double awkward_slopes[] = {0.1, 1.0 / 3, -2.5, 1e-6, 7.25e4, 0.0009765625, 1.0};
 
 /// Scales a NIfTI file by changing its header, which leaves the stored values alone.
 void set_scale(const Path& path, float slope, float intercept)
@@ -44,20 +41,6 @@ void expect_scaled_nifti(float slope, float intercept)
     }
 }
 
-template <class Pixel, class Scaled>
-void expect_recovered(double slope, double intercept, Element scaled_type, Element stored_type)
-{
-    const auto stored = varied_pixels<Pixel>(65536);
-    std::vector<Scaled> scaled;
-    for (const Pixel pixel : stored)
-        scaled.push_back(static_cast<Scaled>(intercept + double(pixel) * slope));
-    std::vector<Pixel> recovered(stored.size());
-    ASSERT_TRUE(recover_stored(std::as_bytes(std::span(scaled)), scaled_type,
-        std::as_writable_bytes(std::span(recovered)), stored_type, slope, intercept))
-        << slope;
-    EXPECT_EQ(recovered, stored) << slope;
-}
-
 }
 
 TEST(StoredValues, ScaledNiftiKeepsWhatTheFileStores)
@@ -82,32 +65,6 @@ TEST(StoredValues, SlopeOfZeroMeansUnscaled)
     ASSERT_TRUE(opened) << message_of(opened);
     EXPECT_EQ(opened->volume.slope, 1);
     EXPECT_EQ(opened->volume.intercept, 0);
-}
-
-TEST(StoredValues, AreRecoveredFromDoublesWhateverTheScale)
-{
-    for (const double slope : awkward_slopes)
-        for (const double intercept : {0.0, -1024.0, 0.7}) {
-            expect_recovered<std::uint16_t, double>(slope, intercept, Element::f64, Element::u16);
-            expect_recovered<std::int16_t, double>(slope, intercept, Element::f64, Element::i16);
-            expect_recovered<std::int8_t, double>(slope, intercept, Element::f64, Element::i8);
-            expect_recovered<std::int32_t, double>(slope, intercept, Element::f64, Element::i32);
-            expect_recovered<std::uint32_t, double>(slope, intercept, Element::f64, Element::u32);
-        }
-}
-
-TEST(StoredValues, ThatCannotHaveBeenStoredAreRefused)
-{
-    const std::vector<double> scaled = {1.05};
-    std::vector<std::int16_t> stored(1);
-    const auto recover = [&](double slope) {
-        return recover_stored(std::as_bytes(std::span(scaled)), Element::f64, std::as_writable_bytes(std::span(stored)),
-            Element::i16, slope, 0);
-    };
-    EXPECT_FALSE(recover(0.1));
-    EXPECT_FALSE(recover(1e-9));
-    EXPECT_TRUE(recover(0.05));
-    EXPECT_EQ(stored[0], 21);
 }
 
 namespace {

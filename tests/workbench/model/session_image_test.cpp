@@ -127,8 +127,9 @@ TEST_F(SessionImage, ShowsTheFirstSelectedFrame)
 {
     open(8, 6, 5);
     auto* const display_state = reinterpret_cast<void*>(4);
+    series()->Flag_Set_Off(32, display_state, 512);
     Fct_Update(0x102, nullptr, nullptr, nullptr);
-    EXPECT_EQ(session.frame(), 2); // none is selected
+    EXPECT_EQ(session.frame(), 2) << "none is selected";
     for (const int z : {3, 4})
         series()->Child_Get_Pt(z)->Flag_Set_On(16, display_state, 512);
     Fct_Update(0x100, nullptr, nullptr, nullptr);
@@ -137,7 +138,7 @@ TEST_F(SessionImage, ShowsTheFirstSelectedFrame)
     EXPECT_EQ(session.frame(), 3);
     session.setFrame(4);
     Fct_Update(0x102, nullptr, nullptr, nullptr);
-    EXPECT_EQ(session.frame(), 4); // selected as well
+    EXPECT_EQ(session.frame(), 4) << "it is selected as well";
 }
 
 TEST_F(SessionImage, TellsWhereThePointerIs)
