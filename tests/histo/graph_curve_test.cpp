@@ -151,11 +151,11 @@ TEST_F(GraphCurve, AboveAndBelowThePlotItRunsAlongTheEdges)
 
 TEST_F(GraphCurve, FarAwayValuesStayNearThePlot)
 {
-    const double far[] = {1e9, -1e9, 1e20, -1e20, 4294967295.0, 1e38};
+    const double distant[] = {1e9, -1e9, 1e20, -1e20, 4294967295.0, 1e38};
     std::vector<double> greys, counts;
     for (int i = 0; i < 600; ++i) {
         greys.push_back(i / 3.0);
-        counts.push_back(far[i % 6]);
+        counts.push_back(distant[i % 6]);
     }
     for (const float scale : {1.0f, 1e-6f, 1e-30f}) {
         for (const POINT& point : points_of(greys, counts, x_axis(100, scale), y_axis(0, scale))) {

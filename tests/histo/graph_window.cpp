@@ -108,7 +108,7 @@ int Graph_Window::count_of(Colors color) const
     return found;
 }
 
-bool Graph_Window::near(int x, int y, Colors color) const
+bool Graph_Window::is_near(int x, int y, Colors color) const
 {
     for (int dy = -1; dy <= 1; ++dy) {
         for (int dx = -1; dx <= 1; ++dx) {

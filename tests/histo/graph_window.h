@@ -61,7 +61,7 @@ protected:
     int count_of(Colors color) const;
 
     /// Whether a pixel of this colour is within a pixel of the place.
-    bool near(int x, int y, Colors color) const;
+    bool is_near(int x, int y, Colors color) const;
 
     static constexpr int px = 60, py = 152, pw = 715, ph = 223;
 };

@@ -25,7 +25,7 @@ protected:
     {
         std::vector<int> found;
         for (int count = 10; count <= 50; count += 10) {
-            if (near(px + pw / 2 + 3, y_of(count), color))
+            if (is_near(px + pw / 2 + 3, y_of(count), color))
                 found.push_back(count);
         }
         return found;
@@ -49,14 +49,14 @@ TEST_F(GraphCurves, AGreyHistogramIsAYellowLineThroughItsBins)
     counts[4] = 1000;
     give(std::move(counts));
     open();
-    EXPECT_TRUE(near(x_of(3), y_of(900), yellow));
-    EXPECT_TRUE(near(x_of(4), y_of(1000), yellow));
-    EXPECT_TRUE(near(x_of(3.5), y_of(950), yellow)) << "joined by a straight line";
-    EXPECT_TRUE(near(x_of(2.5), y_of(450), yellow));
-    EXPECT_TRUE(near(x_of(8), y_of(0), yellow));
-    EXPECT_FALSE(near(x_of(8), y_of(100), yellow));
-    EXPECT_FALSE(near(x_of(-0.3), y_of(0), yellow)) << "nothing before the first bin";
-    EXPECT_FALSE(near(x_of(10.3), y_of(0), yellow));
+    EXPECT_TRUE(is_near(x_of(3), y_of(900), yellow));
+    EXPECT_TRUE(is_near(x_of(4), y_of(1000), yellow));
+    EXPECT_TRUE(is_near(x_of(3.5), y_of(950), yellow)) << "joined by a straight line";
+    EXPECT_TRUE(is_near(x_of(2.5), y_of(450), yellow));
+    EXPECT_TRUE(is_near(x_of(8), y_of(0), yellow));
+    EXPECT_FALSE(is_near(x_of(8), y_of(100), yellow));
+    EXPECT_FALSE(is_near(x_of(-0.3), y_of(0), yellow)) << "nothing before the first bin";
+    EXPECT_FALSE(is_near(x_of(10.3), y_of(0), yellow));
 }
 
 TEST_F(GraphCurves, BinsStandAtTheirLowerEdges)
@@ -65,7 +65,7 @@ TEST_F(GraphCurves, BinsStandAtTheirLowerEdges)
     counts[2] = 100;
     give(Histogram(-1000, 50, std::move(counts)));
     open();
-    EXPECT_TRUE(near(x_of(-900), y_of(100), yellow));
+    EXPECT_TRUE(is_near(x_of(-900), y_of(100), yellow));
     EXPECT_NEAR(x_of(-900), px + pw / 2, 1);
 }
 
@@ -117,7 +117,7 @@ TEST_F(GraphCurves, TheSmoothedHistogramIsMagenta)
     give_peaks();
     open();
     EXPECT_GT(count_of(magenta), 300);
-    EXPECT_TRUE(near(x_of(100), y_of(panel.Peaks()->smooth[100]), magenta));
+    EXPECT_TRUE(is_near(x_of(100), y_of(panel.Peaks()->smooth[100]), magenta));
     EXPECT_EQ(count_of(sum_color), 0);
     EXPECT_EQ(count_of(slope_color), 0);
 }

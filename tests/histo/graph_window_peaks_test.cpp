@@ -66,8 +66,8 @@ TEST_F(GraphPeaks, IndividuallyEachHasItsCurve)
     choose(graph().peak_select, individual);
     const double valley = 180;
     const double one = (panel.Peaks()->head->curve)[180];
-    EXPECT_TRUE(near(x_of(valley), y_of(one), green)) << "where they cross";
-    EXPECT_FALSE(near(x_of(valley), y_of(2 * one), green));
+    EXPECT_TRUE(is_near(x_of(valley), y_of(one), green)) << "where they cross";
+    EXPECT_FALSE(is_near(x_of(valley), y_of(2 * one), green));
     EXPECT_TRUE(has_line(center(0), individual_label));
     EXPECT_TRUE(has_line(center(1), individual_label));
     EXPECT_GT(text_pixels(center(0), individual_label), 5);
@@ -81,8 +81,8 @@ TEST_F(GraphPeaks, TogetherTheyAreOneCurve)
     choose(graph().peak_select, composite);
     const Histo_Peak* first = panel.Peaks()->head;
     const double sum = static_cast<double>(first->curve[180]) + static_cast<double>(first->next->curve[180]);
-    EXPECT_TRUE(near(x_of(180), y_of(sum), green));
-    EXPECT_FALSE(near(x_of(180), y_of(sum / 2), green));
+    EXPECT_TRUE(is_near(x_of(180), y_of(sum), green));
+    EXPECT_FALSE(is_near(x_of(180), y_of(sum / 2), green));
     EXPECT_TRUE(has_line(center(0), composite_label));
     EXPECT_GT(text_pixels(center(1), composite_label), 5);
     EXPECT_EQ(count_of(individual_label), 0);
@@ -154,7 +154,7 @@ TEST_F(GraphPeaks, APeakWithoutItsCurveHasItsLabel)
     EXPECT_TRUE(has_line(center(0), composite_label));
     choose(graph().peak_select, individual);
     EXPECT_TRUE(has_line(center(0), individual_label));
-    EXPECT_FALSE(near(x_of(100), y_of(990), green));
+    EXPECT_FALSE(is_near(x_of(100), y_of(990), green));
     peak->curve = curve;
 }
 

@@ -107,7 +107,7 @@ TEST_F(GraphState, NothingCountedIsALineAtZero)
     give(Counts(101, 0u));
     open();
     EXPECT_FLOAT_EQ(graph().y.full_max, 1.1f);
-    EXPECT_TRUE(near(x_of(50), y_of(0), yellow));
+    EXPECT_TRUE(is_near(x_of(50), y_of(0), yellow));
 }
 
 TEST_F(GraphState, ColoursMayReplaceGreyAndTheOtherWayRound)
