@@ -4,6 +4,7 @@
 #include "tools/tool_brush.h"
 #include "tools/tool_tag.h"
 #include "workbench/shell/histogram_section.h"
+#include "workbench/shell/marker_panel.h"
 #include "workbench/shell/panel_keys.h"
 
 #include <QObject>
@@ -25,8 +26,9 @@ public:
 
     QWidget& tagWidget() const { return *tagWidget_; }
     QWidget& brushWidget() const { return *brushWidget_; }
+    QWidget& markerWidget() const { return markers_.widget(); }
     HistogramSection& histogram() const { return *histogram_; }
-    bool editing() { return tags_.host().Editing() || brushes_.host().Editing(); }
+    bool editing() { return tags_.host().Editing() || brushes_.host().Editing() || markers_.host().Editing(); }
 
 private:
     void fitHeights();
@@ -38,6 +40,7 @@ private:
     hostkit::Panel_Slot<Tool_Brush> brushes_;
     QWidget* tagWidget_;
     QWidget* brushWidget_;
+    MarkerPanel markers_;
     HistogramSection* histogram_;
     unsigned laidOutTags_ = 0;
     PanelKeys keys_;
