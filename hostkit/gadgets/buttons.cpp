@@ -1,3 +1,4 @@
+#include "hostkit/gadgets/button_mark.h"
 #include "hostkit/gadgets/fitting_font.h"
 #include "hostkit/gadgets/paint.h"
 
@@ -13,6 +14,9 @@ constexpr unsigned vertical_bit = 1u << 2;
 constexpr unsigned greyed_bit = 1u << 5;
 constexpr unsigned shows_mark_bit = 1u << 20;
 constexpr int question = 4;
+constexpr int room_for_mark = 15; // at the right end of a row button
+
+bool pressed_on_mark = false; // the last press that a row button took
 
 // Colours of a row button for how it is looked at and used.
 struct Row_Colors {
@@ -28,6 +32,19 @@ Row_Colors row_colors(const Buttons& button, int highlight)
     const Colors face = blend(button.text, button.back, lift);
     return {face, greyed ? blend(button.color, face, 90) : button.color,
         greyed ? blend(button.text, face, 90) : button.text};
+}
+
+bool shows_mark(const Buttons& button)
+{
+    constexpr int narrowest = 26; // caption and mark side by side
+    return (button.state & shows_mark_bit) != 0 && button.width >= narrowest;
+}
+
+bool pointer_on_mark(const Buttons& button)
+{
+    POINT pointer{YCursor_X, YCursor_Y};
+    return shows_mark(button) && ScreenToClient(button.window, &pointer) &&
+           pointer.x >= button.x + button.width - 1 - room_for_mark;
 }
 
 // On or off, at the right end of a row button.
@@ -99,10 +116,9 @@ void Buttons::Draw_Row()
     if (cur)
         paint.frame(face, 1, text);
 
-    constexpr int room_for_mark = 24;
-    const bool marked = (state & shows_mark_bit) != 0 && face.width >= room_for_mark;
+    const bool marked = shows_mark(*this);
     const int left = face.x + swatch + gap;
-    const int right = face.x + face.width - (marked ? 15 : 3);
+    const int right = face.x + face.width - (marked ? room_for_mark : 3);
     paint.text({left, face.y, right - left, face.height}, name.get(), font, colors.caption);
     if (marked)
         draw_mark(paint, face, pressed != 0, colors.caption, colors.face);
@@ -140,7 +156,10 @@ int Buttons::Select(int up_down)
     const bool down = (up_down & 3) != 0;
     highlight_ = !inside ? 0 : down ? 2 : 1;
     Adjust();
-    return inside && (up_down & 2) != 0;
+    const bool taken = inside && (up_down & 2) != 0;
+    if (taken)
+        pressed_on_mark = Row() && pointer_on_mark(*this);
+    return taken;
 }
 
 void Buttons::Deselect()
@@ -149,4 +168,9 @@ void Buttons::Deselect()
         return;
     highlight_ = 0;
     Adjust();
+}
+
+bool hostkit::Pressed_On_Mark()
+{
+    return pressed_on_mark;
 }

@@ -1,6 +1,7 @@
 #include "workbench/shell/colour_button.h"
 
-#include <QColorDialog>
+#include "workbench/shell/colour_dialog.h"
+
 #include <QPixmap>
 
 namespace workbench {
@@ -25,12 +26,7 @@ void ColourButton::setColour(const QColor& colour)
 
 void ColourButton::choose()
 {
-    auto* dialog = new QColorDialog(colour_, this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setOption(QColorDialog::DontUseNativeDialog); // it would not have the program's look
-    dialog->setWindowTitle(tr("Colour"));
-    connect(dialog, &QColorDialog::colorSelected, this, &ColourButton::setColour);
-    dialog->open();
+    chooseColour(*this, tr("Colour"), colour_, [this](const QColor& colour) { setColour(colour); });
 }
 
 }

@@ -33,6 +33,11 @@ QString tableFilter()
     return text("Label tables") + QStringLiteral(" (*.label *.txt)");
 }
 
+QString markerFilter()
+{
+    return text("Markers") + QStringLiteral(" (*.mrk.json *.json *.csv)");
+}
+
 QFileDialog* makeDialog(QWidget& parent, const QString& title, const QString& folder, FilesChosen chosen)
 {
     auto* dialog = new QFileDialog(&parent, title, folder);
@@ -97,6 +102,16 @@ void chooseLabelTarget(QWidget& parent, const QString& path, FilesChosen chosen)
 void chooseTableTarget(QWidget& parent, const QString& path, FilesChosen chosen)
 {
     chooseTarget(parent, text("Save label table"), path, tableFilter(), QStringLiteral("label"), std::move(chosen));
+}
+
+void chooseMarkerFile(QWidget& parent, const QString& folder, FilesChosen chosen)
+{
+    chooseExisting(parent, text("Open markers"), folder, markerFilter(), std::move(chosen));
+}
+
+void chooseMarkerTarget(QWidget& parent, const QString& path, FilesChosen chosen)
+{
+    chooseTarget(parent, text("Save markers"), path, markerFilter(), QStringLiteral("mrk.json"), std::move(chosen));
 }
 
 void chooseHistogramTarget(QWidget& parent, const QString& path, FilesChosen chosen)

@@ -20,6 +20,10 @@ void chooseTableFile(QWidget& parent, const QString& folder, FilesChosen chosen)
 void chooseLabelTarget(QWidget& parent, const QString& path, FilesChosen chosen);
 void chooseTableTarget(QWidget& parent, const QString& path, FilesChosen chosen);
 
+/// For markers; a name without ending gets ".mrk.json"
+void chooseMarkerFile(QWidget& parent, const QString& folder, FilesChosen chosen);
+void chooseMarkerTarget(QWidget& parent, const QString& path, FilesChosen chosen);
+
 /// The same for a histogram; a name without ending gets ".csv"
 void chooseHistogramTarget(QWidget& parent, const QString& path, FilesChosen chosen);
 

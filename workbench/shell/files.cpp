@@ -40,6 +40,13 @@ void Files::complain(const document::Failure& failure)
         tell(QString::fromStdString(failure.message));
 }
 
+QString Files::joined(QStringList texts, const std::vector<std::string>& notices)
+{
+    for (const std::string& notice : notices)
+        texts << QString::fromStdString(notice);
+    return texts.join(QLatin1Char(' '));
+}
+
 bool Files::refuseWhileBusy()
 {
     if (busy())
@@ -53,6 +60,8 @@ void Files::open(const QStringList& paths)
 {
     if (paths.isEmpty() || refuseWhileBusy())
         return;
+    if (paths.size() == 1 && isMarkerFile(paths.front()))
+        return openMarkers(paths.front());
     std::vector<std::filesystem::path> files;
     for (const QString& path : paths)
         files.push_back(systemPath(path));
@@ -70,17 +79,15 @@ void Files::opened(const std::shared_ptr<std::optional<Opening>>& result)
 {
     if (!**result)
         return complain((*result)->failure());
-    whenSaved(&Session::areLabelsModified, [this, result] { adopt(***result); });
+    whenSaved(&Session::isImageWorkModified, [this, result] { adopt(***result); });
 }
 
 void Files::adopt(document::Opened& opened)
 {
-    QStringList notices;
-    for (const std::string& notice : opened.notices)
-        notices << QString::fromStdString(notice);
+    const QString notices = joined({}, opened.notices);
     if (const auto failure = session_.adoptImage(std::move(opened)))
         return complain(*failure);
-    emit said(notices.join(QLatin1Char(' ')));
+    emit said(notices);
 }
 
 // -------------------------------------------------------------------------------------- before something is lost
@@ -95,12 +102,22 @@ void Files::whenSaved(bool (Session::*modified)() const, std::function<void()> t
         then();
 }
 
+QString Files::unsavedText() const
+{
+    const bool labels = session_.areLabelsModified(), markers = session_.markers().isModified();
+    if (labels && markers)
+        return tr("The labels and the markers of \"%1\" are not saved.").arg(session_.imageName());
+    if (labels)
+        return tr("The labels of \"%1\" are not saved.").arg(session_.imageName());
+    if (markers && session_.isTableModified())
+        return tr("The markers, and names, colours and thresholds of the tags, are not saved.");
+    return markers ? tr("The markers are not saved.") : tr("Names, colours and thresholds of the tags are not saved.");
+}
+
 void Files::askToSave(const std::function<void()>& saved, const std::function<void()>& discarded)
 {
     const bool labels = session_.areLabelsModified();
-    auto* box =
-        messageBox(QMessageBox::Question, labels ? tr("The labels of \"%1\" are not saved.").arg(session_.imageName())
-                                                 : tr("Names, colours and thresholds of the tags are not saved."));
+    auto* box = messageBox(QMessageBox::Question, unsavedText());
     box->setInformativeText(labels ? tr("Without saving, what was painted since the last time is lost.")
                                    : tr("Without saving, what was changed since the last time is lost."));
     box->setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
@@ -180,6 +197,11 @@ QString besideImage(const Session& session, const QString& ending)
 QString usualLabelPath(const Session& session)
 {
     return besideImage(session, QStringLiteral("-labels.nii.gz"));
+}
+
+QString usualMarkerPath(const Session& session)
+{
+    return besideImage(session, QStringLiteral("-markers.mrk.json"));
 }
 
 QString usualHistogramPath(const Session& session)

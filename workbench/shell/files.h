@@ -39,7 +39,7 @@ public:
     void chooseFolder();
     void chooseLabels();
     void chooseTable();
-    void open(const QStringList& paths);
+    void open(const QStringList& paths); ///< an image, or the markers of the one that is open
     void openLabels(const QString& path);
     void openTable(const QString& path);
 
@@ -54,6 +54,14 @@ public:
 
     /// Saves names, colours and thresholds alone. @param then  called when they are saved
     void saveTableTo(const QString& path, std::function<void()> then = {});
+
+    /// Markers of the open image; a name that ends in ".csv" makes a table. Saving asks for a file when there is none.
+    void chooseMarkers();
+    void openMarkers(const QString& path);
+    void saveMarkers() { saveMarkersAndThen({}); }
+    void saveMarkersAs() { chooseMarkersTarget({}); }
+    /// @param then  called when they are saved
+    void saveMarkersTo(const QString& path, std::function<void()> then = {});
 
     /// Asks for a file and exports the histogram into it.
     void chooseHistogramTarget(HistogramPanel& histogram);
@@ -87,6 +95,11 @@ private:
     void chooseTarget(const std::function<void()>& then);
     void chooseTableTarget(const std::function<void()>& then);
 
+    void markersOpened(const QString& path, const document::MarkerFile& file);
+    void saveMarkersAndThen(const std::function<void()>& then);
+    void chooseMarkersTarget(const std::function<void()>& then);
+    QString unsavedText() const;
+
     void labelsOpened(const QString& path, const Labels& opened);
     void askToReplaceTable(const QString& labels, const std::function<void()>& then);
     void saveTo(const QString& path, Table table, const std::function<void()>& then);
@@ -96,6 +109,7 @@ private:
 
     QMessageBox* messageBox(QMessageBox::Icon icon, const QString& text);
     void complain(const document::Failure& failure);
+    static QString joined(QStringList texts, const std::vector<std::string>& notices);
     bool isImageFile(const QString& path) const;
     QString folder() const;
 
@@ -110,6 +124,12 @@ private:
 /// The file that labels of an image are offered to be saved to: beside the image, or at home where nothing can be
 /// written there, with "-labels.nii.gz" behind its name.
 QString usualLabelPath(const Session& session);
+
+/// The same for its markers, with "-markers.mrk.json".
+QString usualMarkerPath(const Session& session);
+
+/// Whether a file of this name holds markers and nothing else.
+bool isMarkerFile(const QString& path);
 
 /// The same for its histogram, with "-histogram.csv".
 QString usualHistogramPath(const Session& session);

@@ -40,13 +40,6 @@ QStringList noticesOf(const document::LabelTable& table)
     return {Files::tr("Tags above 255 are kept in the table, but cannot be shown.")};
 }
 
-QString joined(QStringList texts, const std::vector<std::string>& notices)
-{
-    for (const std::string& notice : notices)
-        texts << QString::fromStdString(notice);
-    return texts.join(QLatin1Char(' '));
-}
-
 }
 
 // --------------------------------------------------------------------------------------------------------- opening
@@ -141,13 +134,17 @@ void Files::saveAndThen(const std::function<void()>& then)
 // Labels that are safe already need not be written again for the sake of a name.
 void Files::saveWhatIsUnsaved(const std::function<void()>& then)
 {
+    const std::function<void()> next =
+        session_.markers().isModified() ? [this, then] { saveMarkersAndThen(then); } : then;
     if (session_.areLabelsModified())
-        return saveAndThen(then);
+        return saveAndThen(next);
+    if (!session_.isTableModified())
+        return next();
     const Path beside = document::label_table_path(systemPath(session_.labelPath()));
     if (session_.labelPath().isEmpty() || isForeign(beside))
-        chooseTableTarget(then);
+        chooseTableTarget(next);
     else
-        saveTableTo(userPath(beside), then);
+        saveTableTo(userPath(beside), next);
 }
 
 // By name or, under another name, by being the same file; the image's own may be gone by now.

@@ -113,13 +113,19 @@ void MainWindow::showTitle()
         const QString path = session_.labelPath();
         parts << session_.imageName();
         if (!path.isEmpty() || session_.isModified())
-            parts << (path.isEmpty() ? tr("labels") : QFileInfo(path).fileName()) + QStringLiteral("[*]");
+            parts << (path.isEmpty() ? unsavedWork() : QFileInfo(path).fileName()) + QStringLiteral("[*]");
     } else if (session_.isModified()) {
         parts << tr("tags") + QStringLiteral("[*]");
     }
     parts << program;
     setWindowTitle(parts.join(QStringLiteral(" \u2014 ")));
     setWindowModified(session_.isModified());
+}
+
+QString MainWindow::unsavedWork() const
+{
+    const bool onlyMarkers = session_.markers().isModified() && !session_.areLabelsModified();
+    return onlyMarkers ? tr("markers") : tr("labels");
 }
 
 void MainWindow::showFrames()

@@ -48,6 +48,7 @@ private:
     void connectFiles();
     void connectSession();
     void showTitle();
+    QString unsavedWork() const;
     void showFrames();
     void showVoxel();
     void editTag();

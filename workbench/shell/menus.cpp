@@ -3,6 +3,7 @@
 #include "workbench/model/session.h"
 #include "workbench/shell/files.h"
 #include "workbench/shell/key_help.h"
+#include "workbench/shell/marker_menu.h"
 #include "workbench/shell/theme.h"
 #include "workbench/view/image_view.h"
 
@@ -18,6 +19,7 @@ Menus::Menus(QMainWindow& window, Session& session, Files& files, ImageView& vie
     addFileMenu();
     addEditMenu();
     addTagMenu();
+    new MarkerMenu(window, session, files, view, this);
     addViewMenu();
     addHelpMenu();
     for (const auto signal : {&Session::imageChanged, &Session::tagsChanged})

@@ -30,8 +30,8 @@ ToolPanels::ToolPanels(Session& session, ToolColumn& column, Worker& worker)
                                         session_.setCurrentBrush(static_cast<unsigned>(brushes_.panel().Read()));
                                 }}),
       tagWidget_(Widget_From_Window(tags_.window())), brushWidget_(Widget_From_Window(brushes_.window())),
-      propagation_(new PropagateSection(session, worker)), histogram_(new HistogramSection(session)),
-      keys_({&tags_.host(), &brushes_.host(), &propagation_->host(), &histogram_->histogram().host()})
+      propagation_(new PropagateSection(session, worker)), markers_(session), histogram_(new HistogramSection(session)),
+      keys_({&tags_.host(), &brushes_.host(), &propagation_->host(), &markers_.host(), &histogram_->histogram().host()})
 {
     Fct_Update(brushesChanged, nullptr, nullptr, nullptr); // the panel builds the brushes' shapes
     tags_.host().Set_Look(theme::panelLook());
@@ -39,9 +39,11 @@ ToolPanels::ToolPanels(Session& session, ToolColumn& column, Worker& worker)
     column.addSection(tr("Tags"), tagWidget_);
     column.addSection(tr("Brushes"), brushWidget_);
     column.addSection(tr("Propagate"), propagation_);
+    column.addSection(tr("Markers"), &markers_.widget());
     column.addSection(tr("Histogram"), histogram_);
     tagWidget_->show();
     brushWidget_->show();
+    markers_.widget().show();
     fitHeights();
     connect(&column, &ToolColumn::resized, this, &ToolPanels::fitHeights);
     connect(&session, &Session::tagsChanged, this, &ToolPanels::followTagCount);
@@ -52,6 +54,7 @@ void ToolPanels::fitHeights()
 {
     laidOutTags_ = session_.tagCount();
     brushWidget_->setFixedHeight(brushes_.panel().Height());
+    markers_.fitHeight();
 
     const int rows = std::max(1, static_cast<int>(laidOutTags_) / tagsPerRow);
     const int without = tags_.panel().Height(0);
@@ -67,6 +70,7 @@ void ToolPanels::layOut()
     tags_.host().Lay_Out();
     brushes_.host().Lay_Out();
     propagation_->layOut();
+    markers_.layOut();
     histogram_->layOut();
 }
 

@@ -4,6 +4,7 @@
 #include "tools/tool_brush.h"
 #include "tools/tool_tag.h"
 #include "workbench/shell/histogram_section.h"
+#include "workbench/shell/marker_panel.h"
 #include "workbench/shell/panel_keys.h"
 #include "workbench/shell/propagate_section.h"
 
@@ -27,8 +28,9 @@ public:
     QWidget& tagWidget() const { return *tagWidget_; }
     QWidget& brushWidget() const { return *brushWidget_; }
     PropagateSection& propagation() const { return *propagation_; }
+    QWidget& markerWidget() const { return markers_.widget(); }
     HistogramSection& histogram() const { return *histogram_; }
-    bool editing() { return tags_.host().Editing() || brushes_.host().Editing(); }
+    bool editing() { return tags_.host().Editing() || brushes_.host().Editing() || markers_.host().Editing(); }
 
 private:
     void fitHeights();
@@ -41,6 +43,7 @@ private:
     QWidget* tagWidget_;
     QWidget* brushWidget_;
     PropagateSection* propagation_;
+    MarkerPanel markers_;
     HistogramSection* histogram_;
     unsigned laidOutTags_ = 0;
     PanelKeys keys_;

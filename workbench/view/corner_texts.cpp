@@ -11,19 +11,9 @@ namespace workbench {
 
 namespace {
 
-constexpr int margin = 8;
-
-// On a dark ground of its own it is readable over black and over white.
 void paint_text(QPainter& painter, const QRect& area, int flags, const QString& text)
 {
-    if (text.isEmpty())
-        return;
-    const QRect ground = painter.boundingRect(area, flags, text).adjusted(-4, -1, 4, 1);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x16, 0x18, 0x1b, 190));
-    painter.drawRoundedRect(ground, 3, 3);
-    painter.setPen(QColor(0xb4, 0xba, 0xc2));
-    painter.drawText(area, flags, text);
+    paint_on_ground(painter, area, flags, text, QColor(0xb4, 0xba, 0xc2));
 }
 
 QString window_text(document::Window window)
@@ -64,9 +54,27 @@ bool lies_in_patient(const document::Volume& volume)
 
 }
 
+void paint_on_ground(QPainter& painter, const QRect& area, int flags, const QString& text, const QColor& colour)
+{
+    if (text.isEmpty())
+        return;
+    const QRect ground = painter.boundingRect(area, flags, text).adjusted(-4, -1, 4, 1);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0x16, 0x18, 0x1b, 190));
+    painter.drawRoundedRect(ground, 3, 3);
+    painter.setPen(colour);
+    painter.drawText(area, flags, text);
+}
+
+QRect corner_area(const QRect& view)
+{
+    constexpr int margin = 8;
+    return view.adjusted(margin, margin, -margin, -margin);
+}
+
 void paint_corner_texts(QPainter& painter, const QRect& view, const Session& session, double zoom)
 {
-    const QRect area = view.adjusted(margin, margin, -margin, -margin);
+    const QRect area = corner_area(view);
     const auto& volume = session.volume();
     if (volume.frame_count() > 1)
         paint_text(painter, area, Qt::AlignLeft | Qt::AlignTop,

@@ -49,6 +49,8 @@ void ImageView::followSession()
         picture_.render(session_);
         update();
     });
+    connect(&session_.markers(), &Markers::changed, this, &ImageView::showMarkers);
+    connect(&session_.markers(), &Markers::currentChanged, this, &ImageView::showMarkers);
     const auto blend = [this] {
         picture_.blend(session_);
         update();
@@ -75,6 +77,8 @@ void ImageView::showImage()
 
 void ImageView::showFrame()
 {
+    if (drag_ == Drag::marker)
+        endDrag(); // it stays in the frame where it was held
     picture_.render(session_);
     tellPointer();
     update();
@@ -168,6 +172,7 @@ void ImageView::paintEvent(QPaintEvent* event)
     painter.drawImage(QPointF(), picture_.image());
     painter.restore();
     paintOutline(painter);
+    paintMarkers(painter);
     paint_corner_texts(painter, rect(), session_, place_.zoom());
 }
 
@@ -180,7 +185,7 @@ void ImageView::paintEmpty(QPainter& painter) const
 
 void ImageView::paintOutline(QPainter& painter) const
 {
-    if (!pointer_ || drag_ == Drag::pan || drag_ == Drag::window || space_)
+    if (!pointer_ || drag_ == Drag::pan || drag_ == Drag::window || space_ || placing_)
         return;
     outline().paint(painter, place_.transform(), pixelAt(*pointer_), outlineColour());
 }

@@ -29,6 +29,8 @@ void ImageView::mousePressEvent(QMouseEvent* event)
         begin(Drag::window, event);
     else if (event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && space_))
         begin(Drag::pan, event);
+    else if (event->button() == Qt::LeftButton && (placing_ || event->modifiers() & Qt::AltModifier))
+        beginMarking(event);
     else if (event->button() == Qt::LeftButton)
         beginPainting(event);
     else
@@ -76,7 +78,11 @@ void ImageView::mouseMoveEvent(QMouseEvent* event)
         dragView(event->position());
     else if (drag_ == Drag::paint)
         session_.continueStroke(pixelAt(event->position()));
+    else if (drag_ == Drag::marker)
+        session_.markers().moveTo(place_.toPixel(event->position()) + grip_);
     setPointer(event->position());
+    if (placing_)
+        updateCursor();
 }
 
 void ImageView::mouseReleaseEvent(QMouseEvent* event)
@@ -89,6 +95,8 @@ void ImageView::endDrag()
 {
     if (drag_ == Drag::paint)
         session_.endStroke();
+    else if (drag_ == Drag::marker)
+        session_.markers().endMoving();
     drag_ = Drag::none;
     updateCursor();
     update();
@@ -125,7 +133,7 @@ void ImageView::turnFrames(int angle)
     wheelRest_ += angle;
     const int notches = wheelRest_ / notch;
     wheelRest_ -= notches * notch;
-    if (notches != 0 && !session_.isPainting())
+    if (notches != 0 && !keepsFrame())
         session_.setFrame(session_.frame() - notches);
 }
 
@@ -175,7 +183,7 @@ void ImageView::keyPressEvent(QKeyEvent* event)
     case Qt::Key_0:
         return fit();
     case Qt::Key_Escape:
-        return takeStrokeBack(event);
+        return takeBack(event);
     default:
         if (!showFrameOfKey(event->key()))
             event->ignore();
@@ -199,17 +207,22 @@ void ImageView::focusOutEvent(QFocusEvent* event)
     QWidget::focusOutEvent(event);
 }
 
-void ImageView::takeStrokeBack(QKeyEvent* event)
+void ImageView::takeBack(QKeyEvent* event)
 {
-    if (drag_ != Drag::paint)
+    if (drag_ == Drag::paint)
+        session_.cancelStroke();
+    else if (drag_ == Drag::marker)
+        session_.markers().cancelMoving();
+    else if (placing_)
+        return setPlacing(false);
+    else
         return event->ignore();
-    session_.cancelStroke();
     endDrag();
 }
 
 bool ImageView::showFrameOfKey(int key)
 {
-    if (session_.isPainting())
+    if (keepsFrame())
         return false;
     switch (key) {
     case Qt::Key_Up:
@@ -251,12 +264,12 @@ void ImageView::updateCursor()
 {
     if (!session_.hasImage())
         setCursor(Qt::ArrowCursor);
-    else if (drag_ == Drag::pan)
+    else if (drag_ == Drag::pan || drag_ == Drag::marker)
         setCursor(Qt::ClosedHandCursor);
     else if (drag_ == Drag::window)
         setCursor(Qt::SizeAllCursor);
     else
-        setCursor(space_ ? Qt::OpenHandCursor : Qt::CrossCursor);
+        setCursor(space_ || (placing_ && markerUnderPointer()) ? Qt::OpenHandCursor : Qt::CrossCursor);
 }
 
 }

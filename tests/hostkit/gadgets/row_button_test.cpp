@@ -1,3 +1,4 @@
+#include "hostkit/gadgets/button_mark.h"
 #include "tests/hostkit/gadgets/widget_fixture.h"
 
 using namespace test;
@@ -117,6 +118,28 @@ TEST_F(RowButton, MarkIsShownOnlyWhereTheStateAsksForIt)
     EXPECT_NE(off, on);
     button.state = row;
     EXPECT_EQ(Drawn(), plain) << "the mark's value shows nothing without the bit";
+}
+
+TEST_F(RowButton, APressTellsWhetherItWasOnTheMark)
+{
+    const auto press_at = [&](int x) {
+        Point(x, 40);
+        EXPECT_NE(button.Select(left_press), 0);
+        return hostkit::Pressed_On_Mark();
+    };
+    button.state = marked_row;
+    Drawn();
+    EXPECT_TRUE(press_at(102)); // its middle
+    EXPECT_FALSE(press_at(90));
+    EXPECT_TRUE(press_at(109));
+    Point_Away();
+    button.Select(left_press);
+    EXPECT_TRUE(hostkit::Pressed_On_Mark()) << "it did not take this one";
+    button.width = 25; // too narrow for a mark
+    EXPECT_FALSE(press_at(42));
+    button.width = 90;
+    button.state = row;
+    EXPECT_FALSE(press_at(102));
 }
 
 TEST_F(RowButton, CaptionIsCutToTheRoomThatThereIs)
