@@ -33,10 +33,10 @@ float value_in_bin(const Histo_Record& grid, std::size_t bin, float value)
     const auto place = [&](float at) { return std::trunc((at - grid.min) / grid.width); };
     const float largest = std::max(std::abs(grid.min), std::abs(value));
     const float step = std::nextafter(largest, std::numeric_limits<float>::max()) - largest;
-    float near = value;
-    for (int i = 0; i < most_steps && place(near) != first; ++i)
-        near += place(near) < first ? step : -step;
-    return place(near) == first ? near : value;
+    float beside = value;
+    for (int i = 0; i < most_steps && place(beside) != first; ++i)
+        beside += place(beside) < first ? step : -step;
+    return place(beside) == first ? beside : value;
 }
 
 int last_kept_bin(const Histo_Record& grid)
