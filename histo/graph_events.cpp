@@ -100,7 +100,7 @@ void export_histogram(Window& graph)
 // Whether the list took the press.
 bool choose(Selects& select, int up_down)
 {
-    if (!select.Select(up_down))
+    if (!is_shown(select) || !select.Select(up_down))
         return false;
     const HWND asked_in = the_window().handle;
     const int chosen = select.Read();
@@ -192,8 +192,10 @@ void motion(Place place, int up_down)
     }
     graph.reset.Select(up_down);
     graph.save.Select(up_down);
-    for (Selects* select : {&graph.peak_select, &graph.tag_select, &graph.cursor_select})
-        select->Select(up_down);
+    for (Selects* select : {&graph.peak_select, &graph.tag_select, &graph.cursor_select}) {
+        if (is_shown(*select))
+            select->Select(up_down);
+    }
 }
 
 int scroll(Place place, int steps)

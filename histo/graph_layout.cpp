@@ -183,7 +183,7 @@ void draw()
     graph.reset.Draw();
     graph.save.Draw();
     graph.peak_select.state = peaks ? state::select_list : state::greyed_select_list;
-    if (graph.peak_select.Count() > 0) // else it lies where the second button is
+    if (is_shown(graph.peak_select))
         graph.peak_select.Draw();
     graph.tag_select.Draw();
     graph.cursor_select.Draw();

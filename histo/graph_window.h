@@ -61,6 +61,12 @@ struct Window {
 
 Window& the_window();
 
+/// Whether a list is there to be seen: without items it lies where the second button is.
+inline bool is_shown(const Selects& select)
+{
+    return select.Count() > 0;
+}
+
 /// Tells what is done, when traces are wanted at all.
 void trace(const char* what);
 
