@@ -32,6 +32,8 @@ protected:
 
 TEST_F(Column, HasNoBarWhenEverythingFits)
 {
+    window.resize(1280, 1200);
+    Driver::settle();
     EXPECT_FALSE(bar().isVisible());
     EXPECT_EQ(bar().maximum(), 0);
 }

@@ -1,3 +1,4 @@
+#include "hostkit/structures/registry.h"
 #include "hostkit/structures/segmentation.h"
 #include "tests/workbench/shell/shell_test.h"
 
