@@ -240,11 +240,27 @@ TEST_F(MarkersOf, AreSavedAndOpenedAgain)
     action("Save markers").trigger(); // where they are
     waitUntilIdle();
     EXPECT_FALSE(window.isWindowModified());
-    action("Save markers as").trigger();
-    answerFileDialog("table.csv");
+    save("table.csv");
     EXPECT_EQ(statusText(), "Markers saved to \"table.csv\". Colours have no place in a .csv file.");
     EXPECT_TRUE(bytes("table.csv").startsWith("label,l,p,s,"));
     EXPECT_EQ(message(), "");
+}
+
+TEST_F(MarkersOf, SavedUnderAnotherNameTheFormerIsOffered)
+{
+    openAndSet();
+    action("Save markers as").trigger();
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_TRUE(dialog);
+    EXPECT_EQ(dialog->findChild<QLineEdit*>()->text(), "first-markers.mrk.json");
+    dialog->reject();
+    EXPECT_TRUE(window.isWindowModified());
+    save("mine.mrk.json");
+    action("Save markers as").trigger();
+    dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_TRUE(dialog);
+    EXPECT_EQ(dialog->findChild<QLineEdit*>()->text(), "mine.mrk.json");
+    dialog->reject();
 }
 
 TEST_F(MarkersOf, ADroppedFileIsOpened)
@@ -255,7 +271,9 @@ TEST_F(MarkersOf, ADroppedFileIsOpened)
     ASSERT_FALSE(markers.isSet(1));
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(path("mine.mrk.json"))});
-    QDropEvent drop(QPointF(300, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter({500, 300}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&window, &enter);
+    QDropEvent drop(QPointF(500, 300), Qt::CopyAction, &data, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&window, &drop);
     waitUntilIdle();
     EXPECT_TRUE(markers.isSet(1));
@@ -315,7 +333,7 @@ TEST_F(MarkersOf, ClosingAsksForUnsavedOnes)
     answer(QMessageBox::Cancel);
     EXPECT_TRUE(window.isVisible());
     save("mine.mrk.json");
-    driver.key(Qt::Key_Z, Qt::ControlModifier);
+    session.undoStack().undo();
     window.close();
     answer(QMessageBox::Save); // where they are
     waitUntilIdle();
@@ -330,6 +348,7 @@ TEST_F(MarkersOf, AnotherImageAsksForUnsavedOnesToo)
     save("mine.mrk.json");
     window.files().saveTo(path("mine.nii.gz"));
     waitUntilIdle();
+    session.setCurrentTag(2);
     paint();
     markers.setColour(0, Qt::red);
     open(imageFile("second.nii"));
