@@ -1,10 +1,11 @@
 #include "workbench/document/marker_text.h"
 #include "workbench/document/text.h"
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <regex>
+#include <string_view>
 
 namespace document {
 
@@ -13,8 +14,29 @@ namespace {
 using Json = nlohmann::json;
 using Position = std::array<double, 3>;
 
-constexpr const char* schema = "https://raw.githubusercontent.com/slicer/slicer/master/Modules/Loadable/Markups/"
-                               "Resources/Schema/markups-schema-v1.0.3.json#";
+constexpr std::string_view schema = "https://raw.githubusercontent.com/slicer/slicer/master/Modules/Loadable/Markups/"
+                                    "Resources/Schema/markups-schema-v1.0.3.json#";
+
+// The name of any version 1: "...markups-schema-v1.N.N.json", with or without "#".
+bool is_schema_of_version_1(std::string_view name)
+{
+    constexpr std::string_view version_1 = "markups-schema-v1.";
+    const auto version = name.rfind(version_1);
+    if (version == name.npos)
+        return false;
+    name.remove_prefix(version + version_1.size());
+    const auto pass_digits = [&name] {
+        const auto digits = std::min(name.find_first_not_of("0123456789"), name.size());
+        name.remove_prefix(digits);
+        return digits > 0;
+    };
+    const auto pass = [&name](std::string_view text) {
+        const bool here = name.starts_with(text);
+        name.remove_prefix(here ? text.size() : 0);
+        return here;
+    };
+    return pass_digits() && pass(".") && pass_digits() && pass(".json") && name.find_first_not_of('#') == name.npos;
+}
 
 // The format has colours for whole lists only; others pass over keys that they do not know.
 constexpr const char* colour_key = "vetraColor";
@@ -175,12 +197,11 @@ public:
 private:
     const Json& markups(const Json& file) const
     {
-        static const std::regex known(".*markups-schema-v1\\.[0-9]+\\.[0-9]+\\.json#*");
         const Json* kind = file.is_object() ? member(file, "@schema") : nullptr;
         if (!kind || !kind->is_string())
             throw Wrong{quoted(path_) + " holds no markups: it has no \"@schema\"." + choose_another};
         const auto name = kind->get<std::string>();
-        if (name.size() > 1000 || !std::regex_match(name, known))
+        if (!is_schema_of_version_1(name))
             throw Wrong{quoted(path_) + " is of a kind that is not known here: \"" + name.substr(0, 100) + "\"." +
                         choose_another};
         const Json* lists = member(file, "markups");

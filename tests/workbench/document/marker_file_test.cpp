@@ -242,8 +242,10 @@ TEST_F(MarkerFiles, OfAnotherStructureAreRefused)
     EXPECT_EQ(refusal("[1, 2]"), "\"points.mrk.json\" holds no markups: it has no \"@schema\"." + choose);
     EXPECT_EQ(refusal("{\"@schema\": 3, \"markups\": []}"),
         "\"points.mrk.json\" holds no markups: it has no \"@schema\"." + choose);
-    EXPECT_EQ(refusal("{\"@schema\": \"markups-schema-v2.0.0.json\", \"markups\": []}"),
-        "\"points.mrk.json\" is of a kind that is not known here: \"markups-schema-v2.0.0.json\"." + choose);
+    for (const std::string name : {"markups-schema-v2.0.0.json", "markups-schema-v1..3.json", "markups-schema-v1.0.json",
+             "markups-schema-v1.0.3.json?", "markups-schema-v1.0.3", "schema-v1.0.3.json", "markups-schema-v1.", ""})
+        EXPECT_EQ(refusal("{\"@schema\": \"" + name + "\", \"markups\": []}"),
+            "\"points.mrk.json\" is of a kind that is not known here: \"" + name + "\"." + choose);
     EXPECT_EQ(refusal("{" + schema + "}"), "\"points.mrk.json\" has no list \"markups\"." + choose);
     EXPECT_EQ(refusal("{" + schema + ", \"markups\": {}}"), "\"points.mrk.json\" has no list \"markups\"." + choose);
 }
