@@ -75,6 +75,24 @@ bool is_over(const QTouchEvent& event)
     return event.type() == QEvent::TouchEnd || event.type() == QEvent::TouchCancel;
 }
 
+// A touch that is taken away comes without its fingers: they are lifted where they were.
+std::vector<TOUCHINPUT> touch_inputs(const QTouchEvent& event)
+{
+    constexpr double hundredths = 100;
+    static std::vector<TOUCHINPUT> last;
+    std::vector<TOUCHINPUT> inputs;
+    for (const QEventPoint& point : event.points()) {
+        const QPoint place = (point.globalPosition() * hundredths).toPoint();
+        inputs.push_back({place.x(), place.y(), static_cast<DWORD>(point.id()), touch_flags(point, is_over(event))});
+    }
+    if (inputs.empty()) {
+        inputs = last;
+        for (TOUCHINPUT& input : inputs)
+            input.dwFlags = TOUCHEVENTF_UP;
+    }
+    return last = inputs;
+}
+
 }
 
 void Window::tabletEvent(QTabletEvent* event)
@@ -97,10 +115,10 @@ void Window::touch(const QTouchEvent& event)
         pinched_ = true;
     if (pinched_)
         tell_touch(event);
-    else if (over && finger_)
-        finger(QEvent::MouseButtonRelease, *finger_);
-    else if (!event.points().isEmpty())
+    else if (!over && !event.points().isEmpty())
         finger(finger_ ? QEvent::MouseMove : QEvent::MouseButtonPress, event.points().front().position());
+    else if (finger_)
+        finger(QEvent::MouseButtonRelease, *finger_);
     if (over)
         pinched_ = false;
 }
@@ -117,12 +135,7 @@ void Window::finger(QEvent::Type type, const QPointF& place)
 // The press that the first finger was ends only afterwards: whoever drags has heard by then that this is no drag.
 void Window::tell_touch(const QTouchEvent& event)
 {
-    constexpr double hundredths = 100;
-    std::vector<TOUCHINPUT> inputs;
-    for (const QEventPoint& point : event.points()) {
-        const QPoint place = (point.globalPosition() * hundredths).toPoint();
-        inputs.push_back({place.x(), place.y(), static_cast<DWORD>(point.id()), touch_flags(point, is_over(event))});
-    }
+    const std::vector<TOUCHINPUT> inputs = touch_inputs(event);
     {
         const Handled handled(handled_touch, inputs);
         send(WM_TOUCH, MAKEWPARAM(static_cast<int>(inputs.size()), 0), reinterpret_cast<LPARAM>(&inputs));

@@ -247,6 +247,23 @@ TEST_F(Touch, NewFingerBeginsANewGesture)
     fingers().release(0, {100, 100}, widget()).release(2, {300, 310}, widget());
 }
 
+TEST_F(Touch, ThatIsTakenAwayLiftsItsFingers)
+{
+    fingers().press(0, {100, 100}, widget()).press(1, {200, 200}, widget());
+    QTouchEvent cancel(QEvent::TouchCancel, device());
+    QApplication::sendEvent(widget(), &cancel);
+    EXPECT_EQ(window.count(WM_TOUCH), 2);
+    EXPECT_EQ(gestures.size(), 1u);
+    fingers().press(5, {50, 50}, widget()).press(6, {90, 90}, widget());
+    expect_last(0, 0, 1, 1);
+    EXPECT_EQ(gestures.size(), 2u);
+    fingers().release(5, {50, 50}, widget()).release(6, {90, 90}, widget());
+    fingers().press(0, {10, 20}, widget());
+    QApplication::sendEvent(widget(), &cancel);
+    EXPECT_EQ(window.count(WM_LBUTTONDOWN), 1);
+    EXPECT_EQ(window.count(WM_LBUTTONUP), 1);
+}
+
 TEST_F(Touch, ThirdFingerChangesNothing)
 {
     fingers().press(0, {100, 100}, widget()).press(1, {200, 200}, widget());
