@@ -17,6 +17,14 @@ BASICS_API extern HWND hwnd;
 /// Starts at -1, which shows no notices, details or traces. Signed on every platform.
 BASICS_API extern signed char Flag_Trace;
 
+/// The folder of the program's icon files, UTF-8, ending in a separator. Never null.
+BASICS_API extern const char* Prog_Name;
+
+/// Splits a path: the directory up to and including its last separator ('/', on Windows '\\' as well), the name without
+/// its extension, and the extension with its dot; one after the other they are the path again. A dot that the name
+/// begins with begins no extension. Each part has room for strlen(path) + 1 bytes; a null path is empty.
+BASICS_API void Get_Generic_Name(const char* path, char* directory, char* base_name, char* extension);
+
 /// Reports something to the user, the log or the developer.
 ///
 /// @param window  the window that the report belongs to, or null

@@ -177,6 +177,34 @@ private:
     int height_ = 0;
 };
 
+/// A text in a box.
+class GADGETS_API Labels : public Tools {
+public:
+    void Init(HWND owner);
+    void Draw();
+};
+
+// Small pictures in a drawing context that is set up (Y_setup). Positions are in the widgets' axes, y upward.
+
+/// Draws a picture file of 16 x 16 (TGA with alpha; where the screen's scale asks for it, the file of the same name in
+/// the folder's "2x" is taken), cut to the box as far as the context is. A file that is missing or broken draws nothing
+/// and is not read again.
+/// @param box     the widget that it is drawn in
+/// @param x       its left edge @param y its lower edge
+/// @param folder  where the file is, UTF-8; null or empty for Prog_Name
+/// @param file    its name
+/// @return 1 when it was drawn, else 0
+GADGETS_API int Icon_Draw_Image(const Boxs* box, int x, int y, const char* folder, const char* file);
+
+/// The lead of a row of a tree, in x0 .. x1, y0 .. y1: the line from the parent's connector (7 pixels right of x0) to
+/// the row, for one without children; with a sign on it for one whose children are shown (minus) or hidden (plus); and
+/// for one that cannot be used. In the box's frame colour. @param more  non-zero: siblings follow, the connector goes
+/// on
+GADGETS_API void Icon_Lead_Leaf(const Boxs* box, int more, int x0, int x1, int y0, int y1);
+GADGETS_API void Icon_Lead_Expand(const Boxs* box, int more, int x0, int x1, int y0, int y1);
+GADGETS_API void Icon_Lead_Collapse(const Boxs* box, int more, int x0, int x1, int y0, int y1);
+GADGETS_API void Icon_Lead_No_Access(const Boxs* box, int more, int x0, int x1, int y0, int y1);
+
 /// A push button, or with state bit 22 a row button of a list.
 class GADGETS_API Buttons : public Tools {
 public:
@@ -226,6 +254,9 @@ public:
     Sliders() = default;
     void Init(HWND owner);
     void Draw();
+
+    /// Draws the slider again when the screen shows another one.
+    void Adjust();
 
     /// Sets the thumb's proportion to visible / total of the track.
     void Larg_Adjust(float visible, float total);
@@ -279,9 +310,6 @@ private:
 class GADGETS_API Valuators : public Sliders {
 public:
     Valuators() : Sliders(Meaning::level) {}
-
-    /// Draws the valuator again when the screen shows another one.
-    void Adjust();
 };
 
 /// Texts by number.

@@ -72,6 +72,9 @@ public:
     /// The object's number; for a window its index in `"$FRAME_CUR"`.
     unsigned Class_B_Get() const;
 
+    /// The file name of the object's icon ("icon series.tga"), static text; null when it has none.
+    virtual const char* Icon_Get() const;
+
     const char* Name_Get() const; ///< UTF-8, never null
     void Name_Set(const char* name);
     const char* Title_Get() const; ///< the class of the object, UTF-8, never null
@@ -98,6 +101,24 @@ private:
     Record* record_;
 };
 
+/// What the header of a file says of an image in it.
+struct Frame_Record {
+    unsigned short modality; ///< two ASCII letters, the first in the high byte: CT is 0x4354; 0 when it says nothing
+    unsigned short flags;    ///< bit 4 (16): a scout
+    unsigned short width;    ///< pixels
+    unsigned short height;
+    unsigned short images_z; ///< how many images lie one above the other
+    unsigned short images_t; ///< and how many follow one another in time
+};
+
+/// A file that is open. `"$DB_2D_FILE_PT"` has `"$DB_2D_FILE_NB"` pointers to them, any of which may be null.
+struct File_Record {
+    char* path; ///< UTF-8
+    unsigned short nb_frames;
+    unsigned char* frame_flags; ///< nb_frames; bit 6 (64): the frame is not accessible
+    Frame_Record** frames;      ///< nb_frames, any of which may be null; null when there are none
+};
+
 class STRUCTURES_API Strato_1D : public Strato {
 public:
     using Strato::Strato;
@@ -112,6 +133,9 @@ public:
     int Child_Get_Nb() const;
     Strato_2D* Child_Get_Pt(int index) const;
     Strato_2D* Parent_Get_Pt() const;
+
+    /// The record, in a file that is open, of what the object shows; null when it comes from none.
+    const Frame_Record* Frame_Record_Get() const;
 
     /// The index of the child that the window shows; -1 when it shows none of them.
     int Child_Get_Cur(Strato_Window* window) const;

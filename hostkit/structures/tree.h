@@ -9,14 +9,17 @@ namespace hostkit {
 
 struct Object_Description {
     std::string name;
-    std::string title;    ///< the class of the object, e.g. "Series"
-    unsigned class_a = 0; ///< Strato::Class_A_Get
-    unsigned class_b = 0; ///< Strato::Class_B_Get
-    unsigned magic = 0;   ///< Strato::Class_Magic_Get
+    std::string title;          ///< the class of the object, e.g. "Series"
+    unsigned class_a = 0;       ///< Strato::Class_A_Get
+    unsigned class_b = 0;       ///< Strato::Class_B_Get
+    unsigned magic = 0;         ///< Strato::Class_Magic_Get
+    const char* icon = nullptr; ///< Strato::Icon_Get; static text
 };
 
-constexpr unsigned frame_magic = 0xAABA; ///< of a 2D frame that can be shown
-constexpr unsigned frame_class = 0x2FFF; ///< a selectable leaf of the 2D tree
+constexpr unsigned frame_magic = 0xAABA;  ///< of a 2D frame that can be shown
+constexpr unsigned signal_class = 0x1FFF; ///< a selectable leaf of the 1D tree
+constexpr unsigned frame_class = 0x2FFF;  ///< of the 2D tree
+constexpr unsigned object_class = 0x3FFF; ///< of the 3D tree
 
 constexpr unsigned long long series_tree_changed = 0x402;
 constexpr unsigned long long current_window_changed = 0x100000;
@@ -28,6 +31,12 @@ STRUCTURES_API Strato_2D* Root_2D();
 /// everything is in place.
 STRUCTURES_API Strato_2D* Object_2D_Add(Strato_2D* parent, const Object_Description& description);
 STRUCTURES_API Strato_2D_Frame* Frame_Add(Strato_2D* series, const Object_Description& description);
+
+/// The roots of the 1D and 3D objects, `"$DB_1D_ROOT_PT"` and `"$DB_3D_ROOT_PT"`, and objects in them; as for 2D.
+STRUCTURES_API Strato_1D* Root_1D();
+STRUCTURES_API Strato_3D* Root_3D();
+STRUCTURES_API Strato_1D* Object_1D_Add(Strato_1D* parent, const Object_Description& description);
+STRUCTURES_API Strato_3D* Object_3D_Add(Strato_3D* parent, const Object_Description& description);
 
 /// Takes an object with all its descendants out of the tree, lets no variable name any of them, tells the panels, and
 /// deletes them once nobody can be using them.
