@@ -245,7 +245,7 @@ STRUCTURES_API unsigned short Iterator_Init(const char* owner, Strato* start);
 
 /// The next 2D object in the order of the tree.
 /// @param class_mask     the option bits (Class_A_Get) that the object must have, all and no others: 0x2FFF for frames
-/// @param scope          the window that asks, which may show any of them; or, below 4096, a scope code: 4 all files
+/// @param scope          a window: only frames of the series that it shows; null or, below 4096, a scope code: all
 /// @param selected_only  1: only objects that are selected
 /// @return null at the end
 STRUCTURES_API Strato_2D* Iterator_Class_2D(

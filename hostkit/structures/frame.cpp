@@ -22,9 +22,12 @@ void set_unit(Strato_2D_Frame* frame)
 void report_left_out(const Strato* series, unsigned long long pixels)
 {
     constexpr int progress = 4;
-    if (pixels > 0)
+    const char* const name = series ? series->Name_Get() : "";
+    if (pixels == 1)
+        Error_Fct(hwnd, progress, "1 pixel of \"%s\" is infinite or not a number; histograms leave it out.", name);
+    else if (pixels > 1)
         Error_Fct(hwnd, progress, "%llu pixels of \"%s\" are infinite or not a number; histograms leave them out.",
-            pixels, series ? series->Name_Get() : "");
+            pixels, name);
 }
 
 void report_no_memory(const Strato* series)

@@ -3,6 +3,7 @@
 #include "host/basics.h"
 #include "hostkit/structures/registry.h"
 #include "hostkit/structures/strato_record.h"
+#include "hostkit/structures/tree.h"
 
 #include <array>
 #include <cstdint>
@@ -35,6 +36,16 @@ Strato* root_2D()
     return hostkit::Object_Variable<Strato_2D>("$DB_2D_ROOT_PT");
 }
 
+// The series that a window shows; null where nothing is restricted: for a scope code, and for a window without a frame.
+Strato* series_in(void* scope)
+{
+    constexpr std::uintptr_t first_window = 4096;
+    if (reinterpret_cast<std::uintptr_t>(scope) < first_window)
+        return nullptr;
+    const Strato_2D* shown = hostkit::Window_Frame(static_cast<Strato_Window*>(scope));
+    return shown ? shown->record()->parent : nullptr;
+}
+
 // The object after this one, in pre-order, below the top.
 Strato* after(Strato* object, const Strato* top)
 {
@@ -51,9 +62,9 @@ Strato* after(Strato* object, const Strato* top)
     return nullptr;
 }
 
-bool is_wanted(const Strato* object, unsigned class_mask, bool selected_only)
+bool is_wanted(const Strato* object, unsigned class_mask, const Strato* series, bool selected_only)
 {
-    if (object->Class_A_Get() != class_mask)
+    if (object->Class_A_Get() != class_mask || (series && object->record()->parent != series))
         return false;
     auto* const display_state = reinterpret_cast<void*>(std::uintptr_t{4});
     return !selected_only || object->Flag_Get_Bit(of_itself, display_state, selected);
@@ -80,16 +91,17 @@ unsigned short Iterator_Init(const char* owner, Strato* start)
     return free;
 }
 
-Strato_2D* Iterator_Class_2D(unsigned short id, unsigned class_mask, void*, unsigned char selected_only)
+Strato_2D* Iterator_Class_2D(unsigned short id, unsigned class_mask, void* scope, unsigned char selected_only)
 {
     Iterator* iterator = find(id);
+    Strato* const series = series_in(scope);
     while (iterator && !iterator->ended) {
         if (!iterator->top)
-            iterator->top = root_2D();
+            iterator->top = series ? series : root_2D();
         iterator->at = iterator->at ? after(iterator->at, iterator->top) : iterator->top;
         if (!iterator->at)
             iterator->ended = true;
-        else if (is_wanted(iterator->at, class_mask, selected_only))
+        else if (is_wanted(iterator->at, class_mask, series, selected_only))
             return static_cast<Strato_2D*>(iterator->at);
     }
     return nullptr;

@@ -24,4 +24,7 @@ using Save_Chooser = std::function<std::optional<std::string>(const Save_Questio
 /// no user to ask; null: the system's dialog again. @return the chooser that there was
 STRUCTURES_API Save_Chooser Set_Save_Chooser(Save_Chooser chooser);
 
+/// Asks with the system's dialog, for choosers that do more with the answer.
+STRUCTURES_API std::optional<std::string> Ask_With_System_Dialog(const Save_Question& question);
+
 }

@@ -20,26 +20,10 @@ Save_Chooser& present_chooser()
     return chooser;
 }
 
-std::optional<std::string> ask_system(const Save_Question& question)
-{
-    char path[4 * chosen_size];
-    path[std::string_view(question.offered).copy(path, sizeof path - 1)] = '\0';
-    OPENFILENAMEA dialog{};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = GetActiveWindow();
-    dialog.lpstrFilter = question.filter;
-    dialog.lpstrFile = path;
-    dialog.nMaxFile = sizeof path;
-    dialog.lpstrTitle = question.title;
-    dialog.lpstrDefExt = question.extension;
-    dialog.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
-    return GetSaveFileNameA(&dialog) ? std::optional<std::string>(path) : std::nullopt;
-}
-
 std::optional<std::string> ask(const Save_Question& question)
 {
     const Save_Chooser& chooser = present_chooser();
-    return chooser ? chooser(question) : ask_system(question);
+    return chooser ? chooser(question) : Ask_With_System_Dialog(question);
 }
 
 int save_file_name(const Save_Question& question, char* chosen)
@@ -65,6 +49,22 @@ const char* or_empty(const char* text)
 Save_Chooser Set_Save_Chooser(Save_Chooser chooser)
 {
     return std::exchange(present_chooser(), std::move(chooser));
+}
+
+std::optional<std::string> Ask_With_System_Dialog(const Save_Question& question)
+{
+    char path[4 * chosen_size];
+    path[std::string_view(question.offered).copy(path, sizeof path - 1)] = '\0';
+    OPENFILENAMEA dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = GetActiveWindow();
+    dialog.lpstrFilter = question.filter;
+    dialog.lpstrFile = path;
+    dialog.nMaxFile = sizeof path;
+    dialog.lpstrTitle = question.title;
+    dialog.lpstrDefExt = question.extension;
+    dialog.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
+    return GetSaveFileNameA(&dialog) ? std::optional<std::string>(path) : std::nullopt;
 }
 
 }

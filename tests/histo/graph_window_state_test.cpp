@@ -54,6 +54,23 @@ TEST_F(GraphState, WithoutAHistogramThePlotIsEmpty)
     EXPECT_TRUE(plot_is_empty());
 }
 
+TEST_F(GraphState, AWindowThatCannotBeOpenedLeavesTheButtonUp)
+{
+    lay_out();
+    ASSERT_TRUE(UnregisterClassA("Histogram", graph().instance));
+    point(main_window(), middle(panel.blow));
+    EXPECT_EQ(panel.Click(left_press), 1);
+    EXPECT_EQ(panel.blow.pressed, 0);
+    EXPECT_EQ(window(), nullptr);
+    panel.Update(~0ull);
+    panel.Draw();
+    EXPECT_EQ(panel.blow.pressed, 0);
+    graph().registered = false; // as after a registration that failed: the next press tries again
+    EXPECT_EQ(panel.Click(left_press), 1);
+    EXPECT_NE(window(), nullptr);
+    EXPECT_EQ(panel.blow.pressed, 1);
+}
+
 TEST_F(GraphState, AHistogramThatComesIsShown)
 {
     open();

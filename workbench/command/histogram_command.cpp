@@ -79,9 +79,12 @@ public:
         const int count = tree_.frameCount();
         const auto [first, last] = request_.frames.value_or(HistogramRequest::Frames{1, count});
         const std::string all = std::to_string(count) + (count == 1 ? " frame" : " frames");
-        const bool part = last - first + 1 != count;
-        return document::quoted(request_.inputs.front()) + ": " +
-               (part ? "frames " + std::to_string(first) + " to " + std::to_string(last) + " of " : "") + all + " of " +
+        std::string part;
+        if (last - first + 1 != count)
+            part = (first == last ? "frame " + std::to_string(first)
+                                  : "frames " + std::to_string(first) + " to " + std::to_string(last)) +
+                   " of ";
+        return document::quoted(request_.inputs.front()) + ": " + part + all + " of " +
                std::to_string(volume_.width()) + " x " + std::to_string(volume_.height());
     }
 
@@ -98,11 +101,13 @@ public:
         return saveWindow(slot_.window(), request_.pictureFile);
     }
 
-    // The window is opened as a person does, by the panel's button.
+    // The window is opened as a person does, by the panel's button. Peaks that are to be seen are found.
     MaybeFailure saveGraph()
     {
         if (request_.graphFile.empty())
             return std::nullopt;
+        if (request_.peaks != 0 && !panel().Peaks())
+            panel().Fit();
         showPanel();
         const Buttons& blow = panel().blow;
         RECT client{};
@@ -121,6 +126,7 @@ public:
 
     Tool_Histo& panel() { return slot_.panel(); }
     double factor() const { return tree_.greyFactor(); }
+    const std::string& unit() const { return volume_.unit; }
 
 private:
     static constexpr int leftPress = 18;
@@ -138,8 +144,8 @@ private:
         QByteArray png;
         QBuffer buffer(&png);
         picture.save(&buffer, "PNG");
-        return document::replace_file(target, static_cast<std::uint64_t>(png.size()),
-            [&](const std::filesystem::path& path) -> MaybeFailure {
+        return document::replace_file(
+            target, static_cast<std::uint64_t>(png.size()), [&](const std::filesystem::path& path) -> MaybeFailure {
                 std::ofstream stream(path, std::ios::binary);
                 stream.write(png.data(), png.size());
                 stream.close();
@@ -166,10 +172,19 @@ void complain(const std::vector<std::string>& messages)
         complain(message);
 }
 
+void complainOfWarnings(const ReportRecorder& recorder)
+{
+    if (const std::string warnings = recorder.warnings(); !warnings.empty())
+        complain(warnings);
+}
+
+// Files that are not there yet may have several names, too.
 bool isSame(const std::filesystem::path& one, const std::filesystem::path& other)
 {
+    namespace fs = std::filesystem;
     std::error_code missing;
-    return one == other || std::filesystem::equivalent(one, other, missing);
+    const auto name = [&](const fs::path& path) { return fs::weakly_canonical(fs::absolute(path, missing), missing); };
+    return one == other || fs::equivalent(one, other, missing) || name(one) == name(other);
 }
 
 // Results that would take the place of the image, or of each other.
@@ -177,12 +192,14 @@ MaybeFailure checkTargets(const HistogramRequest& request, const document::Volum
 {
     const std::string* const targets[] = {&request.exportFile, &request.pictureFile, &request.graphFile};
     for (const auto* target : targets) {
+        if (target->empty())
+            continue;
         const auto isTarget = [&](const std::string& file) { return isSame(file, *target); };
         if (std::ranges::any_of(volume.files, isTarget) || std::ranges::any_of(request.inputs, isTarget))
             return Failure{document::quoted(*target) +
                            " is the image itself; the result would take its place. Choose another name."};
         for (const auto* other : targets) {
-            if (other != target && !target->empty() && isSame(*target, *other))
+            if (other != target && isSame(*target, *other))
                 return Failure{"Two results cannot be in one file. Choose another name for one of them."};
         }
     }
@@ -228,6 +245,7 @@ int runHistogram(const HistogramRequest& request)
         if (!failure)
             continue;
         complain(recorder.texts(progress));
+        complainOfWarnings(recorder);
         complain(failure->message);
         return failed;
     }
@@ -237,10 +255,10 @@ int runHistogram(const HistogramRequest& request)
     if (request.json)
         print(histogramJson(run.panel(), request.fit ? &recorder.reports() : nullptr));
     else
-        print(histogramTable(run.panel(), run.title(), run.factor()));
-    if (const std::string warnings = recorder.warnings(); !warnings.empty())
-        complain(warnings);
-    return finish(run);
+        print(histogramTable(run.panel(), run.title(), run.factor(), run.unit()));
+    const int status = finish(run);
+    complainOfWarnings(recorder);
+    return status;
 }
 
 }

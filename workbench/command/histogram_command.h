@@ -21,7 +21,7 @@ struct HistogramRequest {
     std::string exportFile;  ///< empty: none
     std::string pictureFile; ///< of the panel
     std::string graphFile;   ///< picture of the graph window
-    int peaks = 0;           ///< in the graph window: 0 none, 1 their sum, 2 each of them
+    int peaks = 0;           ///< in the graph window, found for it without a fit: 0 none, 1 their sum, 2 each
     struct Size {
         int width, height;
     };

@@ -29,13 +29,13 @@ std::string padded(const std::string& text, std::size_t width)
     return std::string(width - std::min(width, text.size()), ' ') + text;
 }
 
-std::string withUnit(double value, const char* unit)
+std::string withUnit(double value, const std::string& unit)
 {
-    return number_text(value) + (*unit ? std::string(" ") + unit : std::string());
+    return number_text(value) + (unit.empty() ? "" : " " + unit);
 }
 
 // A row for some neighbouring bins each, with a bar.
-std::string rows(const Tool_Histo& panel)
+std::string rows(const Tool_Histo& panel, double factor)
 {
     constexpr int mostRows = 16;
     constexpr unsigned long long longestBar = 40;
@@ -48,7 +48,7 @@ std::string rows(const Tool_Histo& panel)
     const auto largest = std::max(1ull, *std::max_element(sums.begin(), sums.end()));
     std::string text = padded("from", 12) + padded("count", 14) + '\n';
     for (std::size_t row = 0; row < sums.size(); ++row) {
-        const double from = histogram.min + static_cast<double>(row) * perRow * histogram.width;
+        const double from = (histogram.min + static_cast<double>(row) * perRow * histogram.width) / factor;
         const std::string bar(static_cast<std::size_t>(sums[row] * longestBar / largest), '#');
         text += padded(number_text(from), 12) + padded(std::to_string(sums[row]), 14);
         text += (bar.empty() ? "" : "  " + bar) + '\n';
@@ -108,18 +108,18 @@ void addFit(Json& object, const Tool_Histo& panel, const std::vector<hostkit::Re
 
 }
 
-std::string histogramTable(const Tool_Histo& panel, const std::string& title, double factor)
+std::string histogramTable(const Tool_Histo& panel, const std::string& title, double factor, const std::string& unit)
 {
     const Histo_Record& histogram = *panel.histo;
     const auto shown = counts(panel, panel.Shown_Counts());
     const auto largest = std::max_element(shown.begin(), shown.end());
     const double at = histogram.min + (static_cast<double>(largest - shown.begin()) + 0.5) * histogram.width;
     std::string text = title + '\n';
-    text += std::to_string(histogram.nb_bins) + " bins of " + withUnit(histogram.width, panel.x_unit) + " from " +
-            withUnit(histogram.min, panel.x_unit) + '\n';
+    text += std::to_string(histogram.nb_bins) + " bins of " + withUnit(histogram.width / factor, unit) + " from " +
+            withUnit(histogram.min / factor, unit) + '\n';
     text += std::to_string(std::accumulate(shown.begin(), shown.end(), 0ull)) + " pixels; the largest count is " +
-            std::to_string(*largest) + " at " + withUnit(at, panel.x_unit) + '\n';
-    text += rows(panel);
+            std::to_string(*largest) + " at " + withUnit(at / factor, unit) + '\n';
+    text += rows(panel, factor);
     if (panel.Peaks())
         text += peakRows(panel, factor);
     return text;

@@ -11,6 +11,7 @@
 #include <clocale>
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -69,13 +70,30 @@ std::string take_separator(HistogramRequest& request, const std::string& text)
     return {};
 }
 
-std::string take_component(HistogramRequest& request, const std::string& text)
+template <std::size_t count>
+std::optional<int> index_of(std::string_view text, const std::array<const char*, count>& names)
 {
-    constexpr std::array names{"max", "red", "green", "blue", "grey"};
     const auto found = std::find(names.begin(), names.end(), text);
     if (found == names.end())
+        return {};
+    return static_cast<int>(found - names.begin());
+}
+
+std::string take_component(HistogramRequest& request, const std::string& text)
+{
+    const auto component = index_of<5>(text, {"max", "red", "green", "blue", "grey"});
+    if (!component)
         return "give max, red, green, blue or grey";
-    request.component = static_cast<unsigned char>(found - names.begin());
+    request.component = static_cast<unsigned char>(*component);
+    return {};
+}
+
+std::string take_peaks(HistogramRequest& request, const std::string& text)
+{
+    const auto peaks = index_of<3>(text, {"off", "composite", "individual"});
+    if (!peaks)
+        return "give off, composite or individual";
+    request.peaks = *peaks;
     return {};
 }
 
@@ -110,10 +128,7 @@ void describe(CLI::App& command, HistogramRequest& request)
         ->type_name("FILE.csv");
     command.add_option("--picture", request.pictureFile, "Draw the panel")->type_name("FILE.png");
     command.add_option("--graph", request.graphFile, "Draw the graph window")->type_name("FILE.png");
-    command.add_option("--peaks", request.peaks, "In the graph: off, composite or individual; needs --fit")
-        ->transform(
-            CLI::CheckedTransformer(std::map<std::string, int>{{"off", 0}, {"composite", 1}, {"individual", 2}}))
-        ->type_name("NAME");
+    add(command, request, "--peaks", take_peaks, "In the graph: off, composite or individual")->type_name("NAME");
     add(command, request, "--size", take_size, "Of the pictures, in pixels; 320x160 and 800x400 without")
         ->type_name("WxH");
     command.add_flag("--json", request.json, "Print one JSON object instead of a table");

@@ -45,6 +45,7 @@ MainWindow::MainWindow(Session& session)
     connect(&panels_->propagation(), &PropagateSection::said, status_, &StatusLine::say);
     connect(&panels_->histogram(), &HistogramSection::exportWanted, this,
         [this] { files_.chooseHistogramTarget(panels_->histogram().histogram()); });
+    graphExport_.emplace(files_, panels_->histogram().histogram());
     connect(&reports_, &Reports::reported, this, &MainWindow::showReport);
     connectFiles();
     connectSession();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "workbench/shell/files.h"
+#include "workbench/shell/graph_export.h"
 #include "workbench/shell/reports.h"
 #include "workbench/view/image_view.h"
 
@@ -65,6 +66,7 @@ private:
     OpacityRow* opacity_;
     StatusLine* status_;
     std::unique_ptr<ToolPanels> panels_;
+    std::optional<GraphExport> graphExport_;
     std::unique_ptr<Menus> menus_;
     std::optional<Voxel> voxel_; // under the pointer
     bool mayClose_ = false;

@@ -62,13 +62,30 @@ TEST_F(Iterators, SelectedOnesOnRequest)
     EXPECT_EQ(all(nullptr, true).size(), 2u) << "another flag word";
 }
 
-TEST_F(Iterators, AWindowAndAScopeCodeShowTheSameTree)
+TEST_F(Iterators, AWindowHasTheFramesOfTheSeriesThatItShows)
 {
-    for (void* scope : {static_cast<void*>(hostkit::Object_Variable<Strato_Window>("$WINDOW_CUR")), display_state()}) {
-        const unsigned short id = Iterator_Init("test", nullptr);
-        EXPECT_EQ(rest(id, false, scope), made());
+    auto* const window = hostkit::Object_Variable<Strato_Window>("$WINDOW_CUR");
+    auto* const second = hostkit::Object_2D_Add(hostkit::Root_2D(), {.name = "second"});
+    auto* const other = hostkit::Frame_Add(second, {.class_a = hostkit::frame_class});
+    other->Flag_Set_On(16, display_state(), 512);
+    const auto all_in = [&](void* scope, Strato* start = nullptr, bool selected_only = false) {
+        const unsigned short id = Iterator_Init("test", start);
+        const Objects found = rest(id, selected_only, scope);
         Iterator_End(id);
-    }
+        return found;
+    };
+    Objects both = made();
+    both.push_back(other);
+    Fct_Change_Child(window, frames[1], nullptr);
+    EXPECT_EQ(all_in(window), made());
+    EXPECT_EQ(all_in(window, nullptr, true), made()) << "what is selected elsewhere is not of this window";
+    EXPECT_EQ(all_in(window, second), Objects{});
+    EXPECT_EQ(all_in(window, series), made());
+    EXPECT_EQ(all_in(display_state()), both) << "a scope code";
+    EXPECT_EQ(all_in(nullptr), both);
+    Fct_Change_Child(window, other, frames[1]);
+    EXPECT_EQ(all_in(window), Objects{other});
+    EXPECT_EQ(all_in(hostkit::Window_Add("empty")), both) << "a window that shows nothing restricts nothing";
 }
 
 TEST_F(Iterators, TheEndStaysTheEnd)

@@ -47,6 +47,15 @@ protected:
         return object.at(name).get<std::vector<unsigned>>();
     }
 
+    static int count_of(const QImage& picture, QColor colour)
+    {
+        int found = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                found += picture.pixelColor(x, y) == colour;
+        return found;
+    }
+
     static void expect_refused(const Outcome& outcome, int status, const std::string& message)
     {
         EXPECT_EQ(outcome.status, status) << outcome.errors;
@@ -72,6 +81,21 @@ TEST_F(HistogramCommand, PrintsATable)
                               "          11             1  #############\n"
                               "          12             3  ########################################\n"
                               "          13             0\n");
+}
+
+TEST_F(HistogramCommand, TheTableIsInTheImagesOwnGreyValues)
+{
+    std::vector<float> values;
+    for (const auto value : two_peaks())
+        values.push_back(static_cast<float>(value) / 10000.f);
+    const std::string table = vetra({"histogram", floats(values), "--fit"}).output;
+    const auto object = vetra({"histogram", floats(values), "--json"}).json();
+    EXPECT_EQ(object["x_unit"].get<std::string>().substr(0, 3), "10^") << "panels see them multiplied";
+    const float lowest = *std::min_element(values.begin(), values.end());
+    const std::string first = QString::number(static_cast<double>(lowest), 'g', 6).toStdString();
+    EXPECT_NE(table.find(" from " + first + "\n"), std::string::npos) << table;
+    EXPECT_NE(table.find("count\n" + std::string(12 - first.size(), ' ') + first + ' '), std::string::npos) << table;
+    EXPECT_EQ(table.find('^'), std::string::npos) << table;
 }
 
 TEST_F(HistogramCommand, PrintsOneJsonObject)
@@ -147,7 +171,7 @@ TEST_F(HistogramCommand, BytesOfMessagesAreCodePoints)
     const auto object = vetra({"histogram", path, "--json", "--fit"}).json();
     EXPECT_EQ(object["messages"][0],
         (nlohmann::json{
-            4, "1 pixels of \"\xc3\x83\xc2\xa9.nii\" are infinite or not a number; histograms leave them out."}));
+            4, "1 pixel of \"\xc3\x83\xc2\xa9.nii\" is infinite or not a number; histograms leave it out."}));
 }
 
 TEST_F(HistogramCommand, FramesAreCountedFromOne)
@@ -156,6 +180,10 @@ TEST_F(HistogramCommand, FramesAreCountedFromOne)
     EXPECT_EQ(counts(vetra({"histogram", path, "--json", "--frames", "1-1"}).json()), (Counts{2, 1, 0, 0}));
     EXPECT_EQ(counts(vetra({"histogram", path, "--json", "--frames", "2"}).json()), (Counts{0, 0, 3, 0}));
     EXPECT_EQ(counts(vetra({"histogram", path, "--json", "--frames", "1-2"}).json()), (Counts{2, 1, 3, 0}));
+    EXPECT_TRUE(vetra({"histogram", path, "--frames", "2"}).output.starts_with("\"a.nii\": frame 2 of 2 frames of 3"));
+    const QString three = volume({1, 2, 3}, {1, 1, 3}, "three.nii");
+    EXPECT_TRUE(vetra({"histogram", three, "--frames", "2-3"})
+                    .output.starts_with("\"three.nii\": frames 2 to 3 of 3 frames of 1"));
     expect_refused(vetra({"histogram", path, "--frames", "2-3"}), 1, "\"a.nii\" has the frames 1 to 2");
     for (const char* wrong : {"0-1", "2-1", "1-", "-1", "a-b", "1-2-3", "", "99999999999-1"})
         expect_refused(vetra({"histogram", path, QString("--frames=") + wrong}), 2, "frames");
@@ -180,6 +208,8 @@ TEST_F(HistogramCommand, ComponentsOfColours)
     EXPECT_EQ(largest_of("green"), "largest count is 2 at 20.5");
     EXPECT_EQ(largest_of("red"), "largest count is 1 at 0.5");
     EXPECT_EQ(largest_of("max"), "largest count is 1 at 0.5");
+    EXPECT_EQ(largest_of("blue"), "largest count is 2 at 0.5");
+    EXPECT_EQ(largest_of("grey"), "largest count is 1 at 0.5");
     expect_refused(vetra({"histogram", path, "--component", "purple"}), 2, "give max, red, green, blue or grey");
 }
 
@@ -242,13 +272,41 @@ TEST_F(HistogramCommand, DrawsThePanel)
     EXPECT_EQ(vetra({"histogram", peaks(), "--picture", name, "--size", "500x90"}).status, 0);
     const QImage picture(name);
     EXPECT_EQ(picture.size(), QSize(500, 90));
-    int yellow = 0;
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            yellow += picture.pixelColor(x, y) == Qt::yellow;
-    EXPECT_GT(yellow, 200);
+    EXPECT_GT(count_of(picture, Qt::yellow), 200);
     for (const char* wrong : {"10", "0x5", "5x0", "9000x5", "5X5", "5x5x5"})
         expect_refused(vetra({"histogram", small(), "--size", wrong}), 2, "size");
+}
+
+TEST_F(HistogramCommand, DrawsTheGraphWindow)
+{
+    const QString path = peaks(), name = file("g.png");
+    EXPECT_EQ(vetra({"histogram", path, "--graph", name}).status, 0);
+    const QImage usual(name);
+    EXPECT_EQ(usual.size(), QSize(800, 400));
+    EXPECT_GT(count_of(usual, Qt::yellow), 500);
+    EXPECT_EQ(count_of(usual, Qt::magenta), 0) << "nothing has been fitted";
+    EXPECT_EQ(vetra({"histogram", path, "--graph", name, "--size", "640x480"}).status, 0);
+    EXPECT_EQ(QImage(name).size(), QSize(640, 480));
+}
+
+TEST_F(HistogramCommand, PeaksInTheGraphAreFoundForIt)
+{
+    const QString path = peaks(), name = file("g.png");
+    const auto graph = [&](const QStringList& more) {
+        const Outcome outcome = vetra(QStringList{"histogram", path, "--graph", name} + more);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.errors, "");
+        return QImage(name);
+    };
+    EXPECT_EQ(count_of(graph({"--peaks", "off"}), Qt::green), 0);
+    const QImage together = graph({"--peaks", "composite"}), each = graph({"--peaks", "individual"});
+    EXPECT_GT(count_of(together, Qt::green), 300);
+    EXPECT_GT(count_of(each, Qt::green), count_of(together, Qt::green)) << "two curves";
+    EXPECT_EQ(graph({"--fit", "--peaks", "individual"}), each);
+    EXPECT_GT(count_of(graph({"--fit"}), Qt::magenta), 300) << "smoothed, without peaks";
+    EXPECT_EQ(vetra({"histogram", path, "--graph", name, "--peaks", "composite", "--json"}).json().count("peaks"), 0u);
+    for (const char* wrong : {"all", "1", "Off"})
+        expect_refused(vetra({"histogram", path, QString("--peaks=") + wrong}), 2, "give off, composite or individual");
 }
 
 TEST_F(HistogramCommand, BadInputsEndWithAMessage)
@@ -310,7 +368,10 @@ TEST_F(HistogramCommand, ResultsDoNotTakeThePlaceOfTheImage)
         expect_refused(vetra({"histogram", path, "--export", target}), 1, "is the image itself");
         expect_refused(vetra({"histogram", path, "--picture", target}), 1, "is the image itself");
     }
-    expect_refused(vetra({"histogram", path, "--picture", file("x"), "--export", file("x")}), 1, "in one file");
+    for (const char* same : {"x", "./x", "sub/../x"})
+        expect_refused(vetra({"histogram", path, "--picture", file("x"), "--export", file(same)}), 1, "in one file");
+    expect_refused(vetra({"histogram", path, "--graph", file("x"), "--picture", file("x")}), 1, "in one file");
+    expect_refused(vetra({"histogram", path, "--graph", path}), 1, "is the image itself");
     EXPECT_EQ(bytes_of_file(folder / "a.nii"), before);
 }
 

@@ -4,6 +4,7 @@
 #include "hostkit/structures/registry.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTimer>
@@ -48,10 +49,67 @@ TEST_F(SaveName, IsOfferedInTheHomeFolder)
         0);
 }
 
-TEST_F(SaveName, IsTheOneThatWasConfirmed)
+namespace {
+
+void accept(QFileDialog& dialog)
 {
+    QMetaObject::invokeMethod(&dialog, "accept");
+}
+
+}
+
+TEST_F(SaveName, ThatIsConfirmedIsWritten)
+{
+    showImage();
     char name[1024] = "";
     std::strcpy(name, path("histogram").toUtf8().constData());
-    EXPECT_EQ(ask(name, [](QFileDialog& dialog) { QMetaObject::invokeMethod(&dialog, "accept"); }), 1);
-    EXPECT_EQ(QString::fromUtf8(name), path("histogram.csv"));
+    EXPECT_EQ(ask(name, accept), 0) << "there is nothing left to write for who asked";
+    QFile table(path("histogram.csv"));
+    ASSERT_TRUE(table.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(table.readAll().startsWith("sep="));
+    EXPECT_TRUE(message().isEmpty()) << message().toStdString();
+}
+
+TEST_F(SaveName, DoesNotTakeTheImagesPlace)
+{
+    const QString image = imageFile("image.nii");
+    open(image);
+    QFile before(image);
+    ASSERT_TRUE(before.open(QIODevice::ReadOnly));
+    const QByteArray bytes = before.readAll();
+    char name[1024] = "";
+    std::strcpy(name, image.toUtf8().constData());
+    EXPECT_EQ(ask(name,
+                  [](QFileDialog& dialog) {
+                      QTimer::singleShot(0, [] { answer(QMessageBox::Yes); }); // it may be written over
+                      accept(dialog);
+                  }),
+        0);
+    waitForMessage();
+    EXPECT_TRUE(message().contains("is the open image itself")) << message().toStdString();
+    answer(QMessageBox::Ok);
+    QFile after(image);
+    ASSERT_TRUE(after.open(QIODevice::ReadOnly));
+    EXPECT_EQ(after.readAll(), bytes);
+}
+
+TEST_F(SaveName, ThatCannotBeWrittenIsTold)
+{
+    showImage();
+    QFile old(path("old.csv"));
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("old");
+    old.close();
+    ASSERT_TRUE(old.setPermissions(QFile::ReadOwner));
+    char name[1024] = "";
+    std::strcpy(name, path("old.csv").toUtf8().constData());
+    ask(name, [](QFileDialog& dialog) {
+        QTimer::singleShot(0, [] { answer(QMessageBox::Yes); });
+        accept(dialog);
+    });
+    waitForMessage();
+    EXPECT_TRUE(message().contains("read-only")) << message().toStdString();
+    answer(QMessageBox::Ok);
+    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
+    EXPECT_EQ(old.readAll(), "old");
 }
