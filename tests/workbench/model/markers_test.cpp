@@ -306,8 +306,11 @@ TEST_F(Markers, UndoShowsWhereItHappened)
     set({10, 10});
     session.setFrame(7);
     set({10, 10});
+    session.setFrame(0);
     undo();
+    EXPECT_EQ(session.frame(), 7) << "where one was";
     undo();
+    EXPECT_EQ(session.frame(), 2);
     session.setFrame(0);
     redo();
     EXPECT_EQ(session.frame(), 2);
@@ -315,6 +318,9 @@ TEST_F(Markers, UndoShowsWhereItHappened)
     EXPECT_EQ(session.frame(), 7);
     markers.remove(0);
     undo();
+    EXPECT_EQ(session.frame(), 2);
+    session.setFrame(0);
+    redo();
     EXPECT_EQ(session.frame(), 2);
 }
 
