@@ -185,6 +185,15 @@ void Markers::remove(unsigned marker)
         push(tr("Delete %1").arg(title(marker)), table_.with(marker, table_.usual(marker)));
 }
 
+void Markers::setName(unsigned marker, const QString& name)
+{
+    if (marker >= count())
+        return;
+    document::Marker entry = at(marker);
+    entry.label = QString(name).remove(QChar(0)).toStdString();
+    push(stepText(marker, at(marker), entry), table_.with(marker, entry));
+}
+
 void Markers::setColour(unsigned marker, const QColor& colour)
 {
     if (marker >= count())

@@ -63,7 +63,8 @@ public:
     // -------------------------------------------------------------------------------------- steps that can be undone
 
     /// Ignored when there is no such marker or nothing changes.
-    void remove(unsigned marker); ///< also its name and colour
+    void remove(unsigned marker);                       ///< also its name and colour
+    void setName(unsigned marker, const QString& name); ///< an empty one takes the name away
     void setColour(unsigned marker, const QColor& colour);
     void setShown(unsigned marker, bool shown);
 
