@@ -71,11 +71,11 @@ QColor Markers::colour(unsigned marker) const
 }
 
 // A file may have put it anywhere, further away than frames can be counted.
-std::optional<Markers::Place> Markers::place(unsigned marker) const
+std::optional<Markers::Place> Markers::placeOf(const document::Marker& entry) const
 {
-    if (!session_.hasImage() || !isSet(marker))
+    if (!session_.hasImage() || !entry.position)
         return {};
-    const auto index = session_.volume().geometry.index(*at(marker).position);
+    const auto index = session_.volume().geometry.index(*entry.position);
     const double frame = std::clamp(std::round(index[2]), -1.0, double(session_.frameCount()));
     return Place{{index[0] + 0.5, index[1] + 0.5}, int(frame)};
 }
@@ -185,6 +185,15 @@ void Markers::remove(unsigned marker)
         push(tr("Delete %1").arg(title(marker)), table_.with(marker, table_.usual(marker)));
 }
 
+void Markers::setName(unsigned marker, const QString& name)
+{
+    if (marker >= count())
+        return;
+    document::Marker entry = at(marker);
+    entry.label = QString(name).remove(QChar(0)).toStdString();
+    push(stepText(marker, at(marker), entry), table_.with(marker, entry));
+}
+
 void Markers::setColour(unsigned marker, const QColor& colour)
 {
     if (marker >= count())
@@ -242,7 +251,7 @@ void Markers::tellOf(const MarkerTable::Changes& changes)
     emit savedChanged();
 }
 
-// What is taken back is seen to be taken back.
+// What is taken back is seen to be taken back, also when nothing is there any more.
 void Markers::goToChange(const State& before, const State& after)
 {
     std::optional<unsigned> only;
@@ -253,8 +262,11 @@ void Markers::goToChange(const State& before, const State& after)
             return;
         only = marker;
     }
-    if (only && isSet(*only))
-        session_.setFrame(place(*only)->frame);
+    if (!only)
+        return;
+    for (const State& state : {after, before})
+        if (const auto where = placeOf((*state)[*only]))
+            return session_.setFrame(where->frame);
 }
 
 QString Markers::titleOf(unsigned marker, const document::Marker& entry)

@@ -41,7 +41,7 @@ public:
         QPointF pixel;
         int frame;
     };
-    std::optional<Place> place(unsigned marker) const;
+    std::optional<Place> place(unsigned marker) const { return placeOf(at(marker)); }
 
     /// Makes a marker the current one and shows its frame. Without effect when there is no such marker.
     void show(unsigned marker);
@@ -63,7 +63,8 @@ public:
     // -------------------------------------------------------------------------------------- steps that can be undone
 
     /// Ignored when there is no such marker or nothing changes.
-    void remove(unsigned marker); ///< also its name and colour
+    void remove(unsigned marker);                       ///< also its name and colour
+    void setName(unsigned marker, const QString& name); ///< an empty one takes the name away
     void setColour(unsigned marker, const QColor& colour);
     void setShown(unsigned marker, bool shown);
 
@@ -111,6 +112,7 @@ private:
     void tellOf(const MarkerTable::Changes& changes);
     void goToChange(const State& before, const State& after);
     std::optional<unsigned> unset() const;
+    std::optional<Place> placeOf(const document::Marker& entry) const;
     document::Marker moved(unsigned marker, QPointF pixel, double frame) const;
     double depth(unsigned marker) const;
     static QString titleOf(unsigned marker, const document::Marker& entry);

@@ -72,7 +72,7 @@ QWidget* HistogramSection::makeFrameRow()
     frames_->addItem(tr("Shown slice"), static_cast<int>(Choice::shown));
     frames_->addItem(tr("Slices"), static_cast<int>(Choice::range));
     layout->addWidget(quiet(frames_, tr("The slices that the histogram is of")), 1);
-    layout->addWidget(quiet(first_, tr("The first slice")));
+    layout->addWidget(quiet(first_, tr("The first slice. The image goes there when it shows none of them")));
     layout->addWidget(to_);
     layout->addWidget(quiet(last_, tr("The last slice")));
     for (const QString& name : {tr("Largest"), tr("Red"), tr("Green"), tr("Blue"), tr("Grey")})

@@ -37,6 +37,7 @@ constexpr Entry entries[] = {
     {QT_TRANSLATE_NOOP("KeyHelp", "Alt + left click, Alt + left drag"),
         QT_TRANSLATE_NOOP("KeyHelp", "set or move one at any time")},
     {QT_TRANSLATE_NOOP("KeyHelp", "N   Shift + N"), QT_TRANSLATE_NOOP("KeyHelp", "go to the next, previous marker")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "F2"), QT_TRANSLATE_NOOP("KeyHelp", "rename the current marker")},
     {QT_TRANSLATE_NOOP("KeyHelp", "H"), QT_TRANSLATE_NOOP("KeyHelp", "hide or show the current marker")},
     {QT_TRANSLATE_NOOP("KeyHelp", "Delete"),
         QT_TRANSLATE_NOOP("KeyHelp", "delete the marker under the pointer, or the current one")},

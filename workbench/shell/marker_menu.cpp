@@ -5,6 +5,7 @@
 #include "workbench/shell/files.h"
 #include "workbench/view/image_view.h"
 
+#include <QInputDialog>
 #include <QMainWindow>
 #include <QMenuBar>
 
@@ -21,6 +22,7 @@ MarkerMenu::MarkerMenu(QMainWindow& window, Session& session, Files& files, Imag
     needImage_ << menu_.addAction(tr("&Next marker"), QKeySequence(tr("N")), this, [this] { showNext(1); });
     needImage_ << menu_.addAction(tr("Previous mar&ker"), QKeySequence(tr("Shift+N")), this, [this] { showNext(-1); });
     menu_.addSeparator();
+    name_ = menu_.addAction(QString(), QKeySequence(tr("F2")), this, &MarkerMenu::chooseName);
     colour_ = menu_.addAction(QString(), this, &MarkerMenu::chooseColour);
     shown_ = menu_.addAction(QString(), QKeySequence(tr("H")), this, &MarkerMenu::toggleShown);
     needImage_ << menu_.addAction(tr("&Delete marker"), QKeySequence(tr("Del")), this, &MarkerMenu::remove);
@@ -47,9 +49,24 @@ void MarkerMenu::followSession()
     const Markers& markers = session_.markers();
     QString title = markers.title(markers.current());
     title.replace(QLatin1Char('&'), QLatin1String("&&"));
+    name_->setText(tr("&Rename \"%1\"...").arg(title));
     colour_->setText(tr("&Colour of \"%1\"...").arg(title));
     shown_->setText(
         markers.at(markers.current()).enabled ? tr("&Hide \"%1\"").arg(title) : tr("S&how \"%1\"").arg(title));
+}
+
+// The only way to name marker 0, which the panel never renames.
+void MarkerMenu::chooseName()
+{
+    const unsigned marker = session_.markers().current();
+    auto* dialog = new QInputDialog(&window_);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Rename %1").arg(session_.markers().title(marker)));
+    dialog->setLabelText(tr("Name:"));
+    dialog->setTextValue(session_.markers().name(marker));
+    connect(dialog, &QInputDialog::textValueSelected, this,
+        [this, marker](const QString& name) { session_.markers().setName(marker, name.trimmed()); });
+    dialog->open();
 }
 
 void MarkerMenu::chooseColour()

@@ -21,6 +21,7 @@ public:
 private:
     void addFileEntries();
     void followSession();
+    void chooseName();
     void chooseColour();
     void showNext(int way);
     void toggleShown();
@@ -31,6 +32,7 @@ private:
     Files& files_;
     ImageView& view_;
     QMenu& menu_;
+    QAction* name_ = nullptr;
     QAction* colour_ = nullptr;
     QAction* shown_ = nullptr;
     QList<QAction*> needImage_;

@@ -41,17 +41,18 @@ PropagateSection::PropagateSection(Session& session, Worker& worker, QWidget* pa
     slot_.host().Set_Look(theme::panelLook());
 
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(0, theme::spacing, 0, 0);
     layout->setSpacing(theme::smallSpacing);
     layout->addWidget(panelWidget_);
     layout->addWidget(makeModeRow());
     layout->addWidget(makeOverRow());
     panelWidget_->show();
 
-    connect(&session, &Session::imageChanged, this, &PropagateSection::followImage);
+    connect(&session, &Session::imageChanged, this, &PropagateSection::followFrame);
+    connect(&session, &Session::frameChanged, this, &PropagateSection::followFrame);
     connect(&session, &Session::carryModeChanged, this, &PropagateSection::followMode);
     layOut();
-    followImage();
+    followFrame();
     followMode();
     Fct_Update(everything, nullptr, nullptr, nullptr); // without its function the panel knew no frames
 }
@@ -100,11 +101,12 @@ void PropagateSection::layOut()
     slot_.host().Lay_Out();
 }
 
-void PropagateSection::followImage()
+void PropagateSection::followFrame()
 {
-    const bool some = session_.frameCount() > 1;
-    for (QWidget* part : {static_cast<QWidget*>(count_), static_cast<QWidget*>(down_), static_cast<QWidget*>(up_)})
-        part->setEnabled(some);
+    const int last = session_.frameCount() - 1;
+    count_->setEnabled(last > 0);
+    down_->setEnabled(last > 0 && session_.frame() > 0);
+    up_->setEnabled(session_.frame() < last);
 }
 
 void PropagateSection::followMode()
@@ -112,8 +114,21 @@ void PropagateSection::followMode()
     mode_->setCurrentIndex(mode_->findData(static_cast<int>(session_.carryMode())));
 }
 
+// At the ends the buttons are greyed; the keys are told why nothing happens.
+bool PropagateSection::leadsSomewhere(int direction)
+{
+    const int to = session_.frame() + direction;
+    if (to >= 0 && to < session_.frameCount())
+        return true;
+    emit said(direction < 0 ? tr("This is the first slice: there is none before it.")
+                            : tr("This is the last slice: there is none after it."));
+    return false;
+}
+
 void PropagateSection::propagate(int direction)
 {
+    if (!leadsSomewhere(direction))
+        return;
     const hostkit::Panel_Call until_complete;
     slot_.panel().Propagate(direction);
 }
@@ -122,12 +137,16 @@ void PropagateSection::propagateOver(int direction)
 {
     if (worker_.busy())
         return emit said(Worker::busyText());
+    if (!leadsSomewhere(direction))
+        return;
     const std::shared_ptr<Propagation> work = session_.propagationOver(count_->value(), direction);
     if (!work)
         return;
+    const int slices = std::abs(work->last() - work->first());
     const auto done = std::make_shared<bool>(false);
     worker_.start(
-        tr("Propagating over %1 slices").arg(std::abs(work->last() - work->first())),
+        slices == 1 ? tr("Propagating to slice %1").arg(work->last() + 1)
+                    : tr("Propagating over %1 slices").arg(slices),
         [work, done](const document::Progress& progress) { *done = work->run(progress); },
         [this, work, done] {
             if (!*done)

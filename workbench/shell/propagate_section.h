@@ -41,7 +41,8 @@ signals:
 private:
     QWidget* makeModeRow();
     QWidget* makeOverRow();
-    void followImage();
+    bool leadsSomewhere(int direction);
+    void followFrame();
     void followMode();
 
     Session& session_;

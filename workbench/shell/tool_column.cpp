@@ -25,13 +25,14 @@ ToolColumn::ToolColumn(QWidget* parent) : QScrollArea(parent)
 
 void ToolColumn::addSection(const QString& title, QWidget* content)
 {
-    const int end = sections_->count() - 1; // before the stretch
-    auto* label = new QLabel(title);
-    label->setProperty("role", "title");
-    if (end > 0)
-        label->setContentsMargins(0, theme::spacing, 0, 0);
-    sections_->insertWidget(end, label);
-    sections_->insertWidget(end + 1, content);
+    int end = sections_->count() - 1; // before the stretch
+    if (!title.isEmpty()) {
+        auto* label = new QLabel(title);
+        label->setProperty("role", "title");
+        label->setContentsMargins(0, end > 0 ? theme::spacing : 0, 0, 0);
+        sections_->insertWidget(end++, label);
+    }
+    sections_->insertWidget(end, content);
     for (QWidget* part : content->findChildren<QWidget*>())
         part->installEventFilter(this);
     content->installEventFilter(this);

@@ -15,7 +15,8 @@ public:
 
     explicit ToolColumn(QWidget* parent = nullptr);
 
-    /// Appends a section. @param content as wide as the column; its height is its own affair
+    /// Appends a section. @param title  empty when the content bears its own, and keeps the distance above it
+    /// @param content  as wide as the column; its height is its own affair
     void addSection(const QString& title, QWidget* content);
 
     /// What is left of the visible height for `content` when everything else is shown in full, pixels.

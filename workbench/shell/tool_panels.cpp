@@ -38,7 +38,7 @@ ToolPanels::ToolPanels(Session& session, ToolColumn& column, Worker& worker)
     brushes_.host().Set_Look(theme::panelLook());
     column.addSection(tr("Tags"), tagWidget_);
     column.addSection(tr("Brushes"), brushWidget_);
-    column.addSection(tr("Propagate"), propagation_);
+    column.addSection({}, propagation_); // its panel is titled
     column.addSection(tr("Markers"), &markers_.widget());
     column.addSection(tr("Histogram"), histogram_);
     tagWidget_->show();

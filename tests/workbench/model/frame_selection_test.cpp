@@ -103,6 +103,18 @@ TEST_F(Selection, ARangeStaysWhateverIsShown)
     EXPECT_EQ(session.frame(), 4);
 }
 
+TEST_F(Selection, ARangeThatDoesNotHoldTheShownFrameShowsItsFirst)
+{
+    open(4, 4, 5);
+    selection.chooseRange(1, 3);
+    EXPECT_EQ(session.frame(), 2) << "which is one of them";
+    selection.chooseRange(3, 4);
+    EXPECT_EQ(session.frame(), 3);
+    selection.chooseRange(0, 1);
+    EXPECT_EQ(session.frame(), 0);
+    EXPECT_EQ(selected(), "11000");
+}
+
 TEST_F(Selection, ARangeMayBeTurnedRoundAndTooLarge)
 {
     open(4, 4, 5);

@@ -237,9 +237,27 @@ TEST_F(Markers, ColoursAndShowingAreSteps)
     EXPECT_EQ(steps(), 3); // what is as before is none, but the undone one can still be redone
 }
 
+TEST_F(Markers, NamesAreStepsMarkerZerosToo)
+{
+    markers.setName(0, QString::fromUtf8("Naht\xc3\xa4"));
+    EXPECT_STREQ(hostkit::Marker_Label(0), "Naht\xc3\xa4");
+    EXPECT_EQ(broadcasts(), Words{names});
+    EXPECT_EQ(undo_text(), QString::fromUtf8("Rename Marker 0 to Naht\xc3\xa4"));
+    markers.setName(0, QString::fromUtf8("Naht\xc3\xa4"));
+    EXPECT_EQ(steps(), 1);
+    markers.setName(0, QString::fromLatin1("a\0b", 3)); // which the host would cut
+    EXPECT_EQ(markers.name(0), "ab");
+    markers.setName(0, {});
+    EXPECT_EQ(undo_text(), "Clear the name of ab");
+    EXPECT_EQ(hostkit::Marker_Label(0), nullptr);
+    undo();
+    EXPECT_STREQ(hostkit::Marker_Label(0), "ab");
+}
+
 TEST_F(Markers, ThatAreNotThereCannotBeChanged)
 {
     for (const unsigned marker : {4u, 63u, 64u, 5000u}) {
+        markers.setName(marker, "Nowhere");
         markers.setColour(marker, Qt::red);
         markers.setShown(marker, false);
         markers.remove(marker);
@@ -306,8 +324,11 @@ TEST_F(Markers, UndoShowsWhereItHappened)
     set({10, 10});
     session.setFrame(7);
     set({10, 10});
+    session.setFrame(0);
     undo();
+    EXPECT_EQ(session.frame(), 7) << "where one was";
     undo();
+    EXPECT_EQ(session.frame(), 2);
     session.setFrame(0);
     redo();
     EXPECT_EQ(session.frame(), 2);
@@ -315,6 +336,9 @@ TEST_F(Markers, UndoShowsWhereItHappened)
     EXPECT_EQ(session.frame(), 7);
     markers.remove(0);
     undo();
+    EXPECT_EQ(session.frame(), 2);
+    session.setFrame(0);
+    redo();
     EXPECT_EQ(session.frame(), 2);
 }
 

@@ -8,6 +8,7 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
@@ -149,6 +150,28 @@ TEST_F(MarkersOf, AreRenamedInThePanel)
     EXPECT_EQ(markers.name(1), "nmh");
     EXPECT_EQ(session.undoStack().undoText(), "Rename Marker 1 to nmh");
     EXPECT_FALSE(window.view().isPlacing());
+}
+
+TEST_F(MarkersOf, TheCurrentOneIsRenamedInADialogMarkerZeroToo)
+{
+    openAndSet();
+    driver.click(panel(), markerPlace(0));
+    driver.key(Qt::Key_F2);
+    auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+    ASSERT_TRUE(dialog);
+    EXPECT_EQ(dialog->windowTitle(), "Rename Marker 0");
+    EXPECT_EQ(dialog->textValue(), "");
+    test::keepPicture(*dialog, "marker-name");
+    dialog->setTextValue(" Nasion ");
+    dialog->accept();
+    EXPECT_EQ(markers.name(0), "Nasion");
+    EXPECT_EQ(session.undoStack().undoText(), "Rename Marker 0 to Nasion");
+    action("Rename \"Nasion\"").trigger();
+    dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+    ASSERT_TRUE(dialog);
+    EXPECT_EQ(dialog->textValue(), "Nasion");
+    dialog->reject();
+    EXPECT_EQ(markers.name(0), "Nasion");
 }
 
 TEST_F(MarkersOf, ThePanelGrowsWithThem)

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -136,6 +137,48 @@ TEST_F(Propagate, OverSeveralSlicesAtOnce)
     waitUntilIdle();
     EXPECT_EQ(session.frame(), 0);
     EXPECT_TRUE(areAlike(2, 0));
+}
+
+TEST_F(Propagate, OverNoMoreSlicesThanThereAre)
+{
+    count().setValue(100);
+    QStringList works;
+    QObject::connect(
+        &window.files().worker(), &Worker::started, &section(), [&](const QString& title) { works << title; });
+    press(button("Up"));
+    waitUntilIdle();
+    EXPECT_EQ(session.frame(), 4);
+    session.setFrame(1);
+    press(button("Down"));
+    waitUntilIdle();
+    EXPECT_EQ(session.frame(), 0);
+    EXPECT_EQ(works, QStringList({"Propagating over 2 slices", "Propagating to slice 1"}));
+}
+
+TEST_F(Propagate, AtTheEndsTheButtonsAreGreyedAndTheKeysSayWhy)
+{
+    const std::pair<int, Qt::Key> ends[] = {{0, Qt::Key_PageUp}, {4, Qt::Key_PageDown}};
+    for (const auto& [end, key] : ends) {
+        session.setFrame(end);
+        EXPECT_EQ(button("Down").isEnabled(), end != 0);
+        EXPECT_EQ(button("Up").isEnabled(), end != 4);
+        for (const auto shift : {Qt::NoModifier, Qt::ShiftModifier}) {
+            window.statusLine().say({});
+            driver.key(key, Qt::ControlModifier | shift);
+            EXPECT_EQ(window.statusLine().message(), end == 0 ? "This is the first slice: there is none before it."
+                                                              : "This is the last slice: there is none after it.");
+            EXPECT_FALSE(window.files().busy());
+        }
+    }
+    session.setFrame(2);
+    EXPECT_TRUE(button("Down").isEnabled() && button("Up").isEnabled());
+    EXPECT_EQ(session.undoStack().count(), 1);
+}
+
+TEST_F(Propagate, TheSectionIsTitledByItsPanelOnly)
+{
+    for (const auto* label : window.findChildren<QLabel*>())
+        EXPECT_NE(label->text(), "Propagate");
 }
 
 TEST_F(Propagate, CancelLeavesEverythingAsItWas)
