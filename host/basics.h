@@ -17,7 +17,9 @@ BASICS_API extern HWND hwnd;
 /// Starts at -1, which shows no notices, details or traces. Signed on every platform.
 BASICS_API extern signed char Flag_Trace;
 
-/// The folder of the program's icon files, UTF-8, ending in a separator. Never null.
+/// The folder of the program's icon files, UTF-8, ending in a separator. Never null. At first "icons/" beside the
+/// running program or, when there is none, beside the folder that it is in. The program may set another one; the text
+/// is the program's and must stay.
 BASICS_API extern const char* Prog_Name;
 
 /// Splits a path: the directory up to and including its last separator ('/', on Windows '\\' as well), the name without

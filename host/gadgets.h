@@ -278,20 +278,19 @@ protected:
     enum class Meaning : unsigned char { position, level };
     explicit Sliders(Meaning meaning) : meaning_(meaning) {}
 
-    /// Whether the screen shows the slider as it is now.
-    bool Up_To_Date() const;
-
 private:
     Meaning meaning_ = Meaning::position;
     float grip_ = 0;              // where the pointer holds the thumb, pixels from the thumb's start
     unsigned char grabbed_ = 0;   // 2 after the press, 1 from the first Read to the release
     unsigned char highlight_ = 0; // the pointer is over
-    unsigned char drawn_ = 0;     // a visible slider is on the screen: as the three below tell
+    unsigned char drawn_ = 0;     // a visible slider is on the screen: as the four below tell
     unsigned char drawn_lift_ = 0;
     int drawn_start_ = 0;
+    int drawn_length_ = 0;
     float drawn_value_ = 0;
 
     bool Has_Range() const { return maximum > minimum; }
+    bool Up_To_Date() const;
     bool By_Decades() const;
     int Thumb_Length() const;
     float Thumb_Start() const;

@@ -137,6 +137,7 @@ void Sliders::Draw()
     drawn_ = 1;
     drawn_lift_ = Thumb_Lift();
     drawn_start_ = Shown_Start();
+    drawn_length_ = Thumb_Length();
     drawn_value_ = value;
     paint.fill(area, blend(text, back, 10));
     if (meaning_ == Meaning::level) {
@@ -156,11 +157,19 @@ unsigned char Sliders::Thumb_Lift() const
     return !Active() ? 20 : grabbed_ ? 130 : highlight_ ? 100 : 72;
 }
 
+// Whether the screen shows the slider as it is now.
 bool Sliders::Up_To_Date() const
 {
     const bool shows_number = meaning_ == Meaning::level && (state & shows_number_bit) != 0;
     return drawn_ && Shown() && drawn_lift_ == Thumb_Lift() && drawn_start_ == Shown_Start() &&
+           drawn_length_ == Thumb_Length() &&
            (!shows_number || hostkit::short_number(drawn_value_) == hostkit::short_number(value));
+}
+
+void Sliders::Adjust()
+{
+    if (!Up_To_Date())
+        Draw();
 }
 
 int Sliders::Select(int up_down)

@@ -55,9 +55,3 @@ void draw_number(const Paint& paint, const Tools& valuator, int thumb_start, int
 }
 
 }
-
-void Valuators::Adjust()
-{
-    if (!Up_To_Date())
-        Draw();
-}

@@ -1,3 +1,4 @@
+#include "hostkit/structures/open_file.h"
 #include "hostkit/structures/strato_record.h"
 #include "hostkit/structures/tree.h"
 #include "hostkit/structures/windows.h"
@@ -37,6 +38,11 @@ unsigned Strato::Class_A_Get() const
 unsigned Strato::Class_B_Get() const
 {
     return record_->class_b;
+}
+
+const char* Strato::Icon_Get() const
+{
+    return record_->icon;
 }
 
 const char* Strato::Name_Get() const
@@ -82,6 +88,12 @@ Strato_2D* Strato_2D::Child_Get_Pt(int index) const
 Strato_2D* Strato_2D::Parent_Get_Pt() const
 {
     return static_cast<Strato_2D*>(record()->parent);
+}
+
+const Frame_Record* Strato_2D::Frame_Record_Get() const
+{
+    const auto& file = record()->file;
+    return file && file->open && file->frames ? file->frames[record()->frame] : nullptr;
 }
 
 int Strato_2D::Child_Get_Cur(Strato_Window* window) const

@@ -9,6 +9,7 @@
 
 namespace hostkit {
 class Pixel_Store;
+struct Open_File;
 }
 
 // What the host keeps of an object. Children belong to their parent.
@@ -23,5 +24,8 @@ struct Strato::Record {
     std::vector<Strato*> children;
     std::shared_ptr<hostkit::Pixel_Store> pixels; // of a series and its frames
     int index = 0;                                // among the parent's children
+    const char* icon = nullptr;
+    std::shared_ptr<const hostkit::Open_File> file; // that has what the object shows
+    unsigned short frame = 0;                       // which of its images
     void (*destroy)(Strato*) = nullptr;
 };

@@ -2,12 +2,14 @@
 
 #include "hostkit/structures/broadcast.h"
 #include "hostkit/structures/iterators.h"
+#include "hostkit/structures/open_file.h"
 #include "hostkit/structures/registry.h"
 #include "hostkit/structures/strato_record.h"
 #include "hostkit/structures/windows.h"
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -26,6 +28,7 @@ Class* make(const hostkit::Object_Description& description)
     record->class_a = description.class_a;
     record->class_b = description.class_b;
     record->magic = description.magic;
+    record->icon = description.icon;
     record->destroy = [](Strato* object) { delete static_cast<Made<Class>*>(object); };
     auto* object = new Made<Class>(record.get());
     record.release();
@@ -38,6 +41,23 @@ void append(Strato* parent, Strato* child)
     child->record()->parent = parent;
     child->record()->index = static_cast<int>(children.size());
     children.push_back(child);
+}
+
+template <class Class>
+Class* add(Strato* parent, const hostkit::Object_Description& description)
+{
+    auto* object = make<Class>(description);
+    append(parent, object);
+    return object;
+}
+
+template <class Class>
+Class* root(const char* variable, const hostkit::Object_Description& description)
+{
+    auto*& root = hostkit::Object_Variable<Class>(variable);
+    if (!root)
+        root = make<Class>(description);
+    return root;
 }
 
 void detach(Strato* child)
@@ -60,30 +80,50 @@ void destroy(Strato* top)
     }
 }
 
+template <class Class>
+void remove_all(const char* variable)
+{
+    if (Class* root = std::exchange(hostkit::Object_Variable<Class>(variable), nullptr))
+        destroy(root);
+}
+
 }
 
 namespace hostkit {
 
+Strato_1D* Root_1D()
+{
+    return root<Strato_1D>("$DB_1D_ROOT_PT", {.name = "Signals", .title = "Root", .class_a = 0x1001});
+}
+
 Strato_2D* Root_2D()
 {
-    auto*& root = Object_Variable<Strato_2D>("$DB_2D_ROOT_PT");
-    if (!root)
-        root = make<Strato_2D>({.name = "Images", .title = "Root", .class_a = 0x2001});
-    return root;
+    return root<Strato_2D>("$DB_2D_ROOT_PT", {.name = "Images", .title = "Root", .class_a = 0x2001});
+}
+
+Strato_3D* Root_3D()
+{
+    return root<Strato_3D>("$DB_3D_ROOT_PT", {.name = "Objects", .title = "Root", .class_a = 0x3001});
+}
+
+Strato_1D* Object_1D_Add(Strato_1D* parent, const Object_Description& description)
+{
+    return add<Strato_1D>(parent, description);
 }
 
 Strato_2D* Object_2D_Add(Strato_2D* parent, const Object_Description& description)
 {
-    auto* object = make<Strato_2D>(description);
-    append(parent, object);
-    return object;
+    return add<Strato_2D>(parent, description);
+}
+
+Strato_3D* Object_3D_Add(Strato_3D* parent, const Object_Description& description)
+{
+    return add<Strato_3D>(parent, description);
 }
 
 Strato_2D_Frame* Frame_Add(Strato_2D* series, const Object_Description& description)
 {
-    auto* frame = make<Strato_2D_Frame>(description);
-    append(series, frame);
-    return frame;
+    return add<Strato_2D_Frame>(series, description);
 }
 
 void Object_2D_Remove(Strato_2D* object)
@@ -107,10 +147,10 @@ void Tree_Reset()
 {
     Windows_Reset();
     Iterators_End_All();
-    auto*& root = Object_Variable<Strato_2D>("$DB_2D_ROOT_PT");
-    if (root)
-        destroy(root);
-    root = nullptr;
+    Files_Reset();
+    remove_all<Strato_1D>("$DB_1D_ROOT_PT");
+    remove_all<Strato_2D>("$DB_2D_ROOT_PT");
+    remove_all<Strato_3D>("$DB_3D_ROOT_PT");
 }
 
 }

@@ -5,12 +5,13 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <locale.h>
 #include <mutex>
 #include <string.h>
 #include <string_view>
 
-// Critical sections and texts.
+// Critical sections, texts, the program.
 
 void InitializeCriticalSection(CRITICAL_SECTION* section)
 {
@@ -75,4 +76,16 @@ wchar_t* _wcserror(int error)
     const std::string_view ascii(strerror_l(error, untranslated));
     *std::copy_n(ascii.begin(), std::min(ascii.size(), std::size(text) - 1), text) = L'\0';
     return text;
+}
+
+DWORD GetModuleFileNameW(HMODULE, WCHAR* path, DWORD size)
+{
+    std::error_code unknown;
+    const std::u16string program = std::filesystem::read_symlink("/proc/self/exe", unknown).u16string();
+    if (unknown || size == 0)
+        return 0;
+    const size_t copied = std::min<size_t>(program.size(), size - 1);
+    std::copy_n(program.begin(), copied, path);
+    path[copied] = 0;
+    return copied < program.size() ? size : static_cast<DWORD>(copied);
 }

@@ -186,6 +186,10 @@ constexpr int SM_CYFRAME = 33;
 
 WINAPI_CALL HMODULE GetModuleHandleA(LPCSTR name);
 
+/// The path of the running program, whatever the module. @return its length; 0 when it is not known, `size` when there
+/// is not enough room, which is filled then
+WINAPI_CALL DWORD GetModuleFileNameW(HMODULE module, WCHAR* path, DWORD size);
+
 /// Classes are known by their names alone, before there is an application, too.
 WINAPI_CALL ATOM RegisterClassA(const WNDCLASSA* description);
 WINAPI_CALL ATOM RegisterClassExA(const WNDCLASSEXA* description);

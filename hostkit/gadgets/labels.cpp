@@ -1,0 +1,8 @@
+#include "hostkit/gadgets/paint.h"
+
+void Labels::Init(HWND owner)
+{
+    Set_Window(owner);
+}
+
+void Labels::Draw() {}
