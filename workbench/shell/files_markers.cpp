@@ -73,7 +73,7 @@ void Files::saveMarkersTo(const QString& path, std::function<void()> then)
     if (refuseWhileBusy())
         return;
     if (isImageFile(path)) {
-        return tell(tr("\"%1\" is the open image itself; the markers would take its place. Choose another name.")
+        return tell(tr("\"%1\" is an open image itself; the markers would take its place. Choose another name.")
                         .arg(fileName(path)));
     }
     using Notices = document::Result<std::vector<std::string>>;
