@@ -55,6 +55,13 @@ bool Files::refuseWhileBusy()
     return busy();
 }
 
+// What was begun for a series goes on with it, whichever is shown by now; not when it was closed.
+bool Files::returnTo(const Series& series)
+{
+    session_.showSeries(series);
+    return session_.currentSeries() == series;
+}
+
 // --------------------------------------------------------------------------------------------------------- opening
 
 void Files::open(const QStringList& paths)

@@ -89,6 +89,7 @@ private:
     struct Saving;
 
     bool refuseWhileBusy();
+    bool returnTo(const Series& series);
     void adopt(document::OpenedImages& opened);
     void whenSaved(const Series& series, std::function<void()> then);
     void whenAllAreSaved(std::vector<Series> rest, std::function<void()> then);

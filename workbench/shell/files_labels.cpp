@@ -66,7 +66,10 @@ void Files::openLabels(const QString& path)
             if (*opened->map && isThere(opened->tablePath))
                 opened->table.emplace(document::load_label_table(opened->tablePath));
         },
-        [this, path, opened] { labelsOpened(path, *opened); },
+        [this, path, opened, series = session_.currentSeries()] {
+            if (returnTo(series))
+                labelsOpened(path, *opened);
+        },
         [this, path](
             const QString& reason) { tell(tr("\"%1\" could not be opened: %2").arg(fileName(path), reason)); });
 }
@@ -133,8 +136,12 @@ void Files::saveAndThen(const std::function<void()>& then)
 
 void Files::saveWhatIsUnsaved(const std::function<void()>& then)
 {
-    const std::function<void()> next =
-        session_.markers().isModified() ? [this, then] { saveMarkersAndThen(then); } : then;
+    const auto next = [this, then, series = session_.currentSeries()] {
+        if (returnTo(series) && session_.markers().isModified())
+            saveMarkersAndThen(then);
+        else
+            then();
+    };
     if (session_.areLabelsModified())
         saveAndThen(next);
     else
