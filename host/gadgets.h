@@ -177,7 +177,7 @@ private:
     int height_ = 0;
 };
 
-/// A text in a box.
+/// A text on the area's background: in the label's own colour, or in the area's when it is black, as it is at first.
 class GADGETS_API Labels : public Tools {
 public:
     void Init(HWND owner);
@@ -186,10 +186,10 @@ public:
 
 // Small pictures in a drawing context that is set up (Y_setup). Positions are in the widgets' axes, y upward.
 
-/// Draws a picture file of 16 x 16 (TGA with alpha; where the screen's scale asks for it, the file of the same name in
-/// the folder's "2x" is taken), cut to the box as far as the context is. A file that is missing or broken draws nothing
-/// and is not read again.
-/// @param box     the widget that it is drawn in
+/// Draws a picture file (TGA, with alpha) of 16 x 16 pixels; where the screen has more than one for a pixel of ours,
+/// the file of the same name in the folder's "2x" is taken when there is one, which is twice as wide and high. Only the
+/// context's clip cuts it. A file that is missing or broken draws nothing; none is read twice.
+/// @param box     the widget that it is drawn in; may be null
 /// @param x       its left edge @param y its lower edge
 /// @param folder  where the file is, UTF-8; null or empty for Prog_Name
 /// @param file    its name
@@ -198,8 +198,8 @@ GADGETS_API int Icon_Draw_Image(const Boxs* box, int x, int y, const char* folde
 
 /// The lead of a row of a tree, in x0 .. x1, y0 .. y1: the line from the parent's connector (7 pixels right of x0) to
 /// the row, for one without children; with a sign on it for one whose children are shown (minus) or hidden (plus); and
-/// for one that cannot be used. In the box's frame colour. @param more  non-zero: siblings follow, the connector goes
-/// on
+/// for one that cannot be used. In Current_Color. The row itself is y0 .. y0 + 18, nothing is drawn above it.
+/// @param more  non-zero: siblings follow, the connector goes on
 GADGETS_API void Icon_Lead_Leaf(const Boxs* box, int more, int x0, int x1, int y0, int y1);
 GADGETS_API void Icon_Lead_Expand(const Boxs* box, int more, int x0, int x1, int y0, int y1);
 GADGETS_API void Icon_Lead_Collapse(const Boxs* box, int more, int x0, int x1, int y0, int y1);

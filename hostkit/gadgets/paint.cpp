@@ -100,6 +100,19 @@ void with_font(HFONT font, const Work& work)
 
 }
 
+Upright::Upright(const Area& area) : corner{area.x, area.y + area.height - 1}
+{
+    LPtoDP(Y_DC, &corner, 1);
+    state_ = SaveDC(Y_DC);
+    SetMapMode(Y_DC, MM_TEXT);
+    SetViewportOrgEx(Y_DC, 0, 0, nullptr);
+}
+
+Upright::~Upright()
+{
+    RestoreDC(Y_DC, state_);
+}
+
 Paint::Paint(HWND window, const char* caller) : open_(window != nullptr), ready_(window && Y_setup(window, caller)) {}
 
 Paint::~Paint()
@@ -229,15 +242,9 @@ void Paint::picture(const Area& area, const unsigned* pixels) const
     description.bmiHeader.biPlanes = 1;
     description.bmiHeader.biBitCount = 32;
     description.bmiHeader.biCompression = BI_RGB;
-    // Upward y would turn the picture over: it is copied in the device's own coordinates.
-    POINT corner{area.x, area.y + area.height - 1};
-    LPtoDP(Y_DC, &corner, 1);
-    const int state = SaveDC(Y_DC);
-    SetMapMode(Y_DC, MM_TEXT);
-    SetViewportOrgEx(Y_DC, 0, 0, nullptr);
-    StretchDIBits(Y_DC, corner.x, corner.y, area.width, area.height, 0, 0, area.width, area.height, pixels,
-        &description, DIB_RGB_COLORS, SRCCOPY);
-    RestoreDC(Y_DC, state);
+    const Upright upright(area);
+    StretchDIBits(Y_DC, upright.corner.x, upright.corner.y, area.width, area.height, 0, 0, area.width, area.height,
+        pixels, &description, DIB_RGB_COLORS, SRCCOPY);
 }
 
 void Paint::faint_picture(const Area& area, const unsigned* pixels, Colors back) const

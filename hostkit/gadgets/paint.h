@@ -28,6 +28,21 @@ Colors blend(Colors one, Colors other, int share);
 unsigned to_picture_pixel(Colors color);
 Colors from_picture_pixel(unsigned pixel);
 
+/// The device's own coordinates, y downward, for as long as this lives: upward y would turn a picture over. Texts and
+/// shapes keep to the widgets' axes.
+class Upright {
+public:
+    explicit Upright(const Area& area);
+    ~Upright();
+    Upright(const Upright&) = delete;
+    Upright& operator=(const Upright&) = delete;
+
+    POINT corner; ///< the area's upper left one
+
+private:
+    int state_;
+};
+
 /// The drawing context of a window, for as long as it lives. Without a window everything does nothing.
 class Paint {
 public:

@@ -1,5 +1,6 @@
 #include "platform/qt/context.h"
 
+#include "platform/qt/memory_context.h"
 #include "platform/qt/window.h"
 
 #include <QPointer>
@@ -202,9 +203,10 @@ BOOL RestoreDC(HDC context, int saved)
     const int index = saved < 0 ? static_cast<int>(dc->saved.size()) + saved : saved - 1;
     if (index < 0 || index >= static_cast<int>(dc->saved.size()))
         return FALSE;
+    if (dc->state.clip != dc->saved[static_cast<size_t>(index)].clip)
+        dc->changed();
     dc->state = dc->saved[static_cast<size_t>(index)];
     dc->saved.resize(static_cast<size_t>(index));
-    dc->changed();
     return TRUE;
 }
 
@@ -272,7 +274,7 @@ HGDIOBJ SelectObject(HDC context, HGDIOBJ object)
     Device_Context* dc = Device_Context::of(context);
     const Drawing_Object* chosen = object_of(object);
     if (!dc || !chosen)
-        return nullptr;
+        return select_bitmap(context, object);
     using Kind = Drawing_Object::Kind;
     const void** place = chosen->kind == Kind::pen     ? &dc->state.pen
                          : chosen->kind == Kind::brush ? &dc->state.brush

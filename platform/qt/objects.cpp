@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-// Pens, brushes, fonts and regions.
+// Pens, brushes, fonts, regions and bitmaps.
 
 namespace {
 
@@ -72,6 +72,12 @@ Drawing_Object* system_font()
     return font;
 }
 
+Drawing_Object* no_bitmap()
+{
+    static auto* none = keep_stock({.kind = Drawing_Object::Kind::bitmap});
+    return none;
+}
+
 const Drawing_Object::Laid_Out_Text& Drawing_Object::Font::lay_out(const QString& text)
 {
     if (const Laid_Out_Text* known = texts_.object(text))
@@ -127,8 +133,8 @@ HBRUSH CreateDIBPatternBrushPt(const void* packed, UINT usage)
     return reinterpret_cast<HBRUSH>(keep({.kind = Drawing_Object::Kind::brush, .pattern = QBrush(tile)}));
 }
 
-HFONT CreateFontA(int height, int, int escapement, int, int weight, DWORD italic, DWORD underline, DWORD strike_out, DWORD, DWORD,
-    DWORD, DWORD, DWORD, LPCSTR face)
+HFONT CreateFontA(int height, int, int escapement, int, int weight, DWORD italic, DWORD underline, DWORD strike_out,
+    DWORD, DWORD, DWORD, DWORD, DWORD, LPCSTR face)
 {
     QFont font;
     if (face && *face)
@@ -140,8 +146,8 @@ HFONT CreateFontA(int height, int, int escapement, int, int weight, DWORD italic
     font.setUnderline(underline != 0);
     font.setStrikeOut(strike_out != 0);
     font.setHintingPreference(QFont::PreferVerticalHinting);
-    return reinterpret_cast<HFONT>(
-        keep({.kind = Drawing_Object::Kind::font, .font = std::make_unique<Drawing_Object::Font>(font, escapement / 10.0)}));
+    return reinterpret_cast<HFONT>(keep(
+        {.kind = Drawing_Object::Kind::font, .font = std::make_unique<Drawing_Object::Font>(font, escapement / 10.0)}));
 }
 
 HGDIOBJ GetStockObject(int index)
@@ -172,4 +178,20 @@ HRGN CreateRectRgn(int left, int top, int right, int bottom)
 {
     const QRect rectangle(std::min(left, right), std::min(top, bottom), std::abs(right - left), std::abs(bottom - top));
     return reinterpret_cast<HRGN>(keep({.kind = Drawing_Object::Kind::region, .region = rectangle}));
+}
+
+HBITMAP CreateDIBSection(HDC, const BITMAPINFO* description, UINT usage, void** bits, HANDLE, DWORD)
+{
+    if (!description || !bits || usage != DIB_RGB_COLORS)
+        return nullptr;
+    const BITMAPINFOHEADER& header = description->bmiHeader;
+    if (header.biBitCount != 32 || header.biCompression != BI_RGB || header.biHeight > 0)
+        return nullptr;
+    QImage bitmap(header.biWidth, -header.biHeight, QImage::Format_ARGB32_Premultiplied);
+    if (bitmap.isNull())
+        return nullptr;
+    bitmap.fill(0);
+    auto* made = keep({.kind = Drawing_Object::Kind::bitmap, .bitmap = std::move(bitmap)});
+    *bits = made->bitmap.bits();
+    return reinterpret_cast<HBITMAP>(made);
 }

@@ -14,9 +14,9 @@
 
 #include <memory>
 
-/// What stands behind the handles of pens, brushes, fonts and regions.
+/// What stands behind the handles of pens, brushes, fonts, regions and bitmaps.
 struct Drawing_Object {
-    enum class Kind { pen, brush, font, region };
+    enum class Kind { pen, brush, font, region, bitmap };
 
     /// A text laid out, and its width in pixels.
     struct Laid_Out_Text {
@@ -47,6 +47,7 @@ struct Drawing_Object {
     QBrush pattern;                     // brush: what it repeats; without a style when it has a plain colour
     std::unique_ptr<Font> font;
     QRect region;
+    QImage bitmap;
 };
 
 /// The object behind a handle; null when there is none (any more).
@@ -56,6 +57,7 @@ Drawing_Object* null_brush();
 Drawing_Object* black_pen();
 Drawing_Object* white_brush();
 Drawing_Object* system_font();
+Drawing_Object* no_bitmap();
 
 QColor to_qcolor(COLORREF color);
 QPen to_qpen(const Drawing_Object& pen);

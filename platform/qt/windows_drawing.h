@@ -46,6 +46,18 @@ constexpr DWORD BI_RGB = 0;
 constexpr UINT DIB_RGB_COLORS = 0;
 constexpr DWORD SRCCOPY = 0x00CC0020;
 
+struct BLENDFUNCTION {
+    BYTE BlendOp;
+    BYTE BlendFlags;
+    BYTE SourceConstantAlpha;
+    BYTE AlphaFormat;
+};
+
+constexpr BYTE AC_SRC_OVER = 0;
+constexpr BYTE AC_SRC_ALPHA = 1;
+constexpr int HORZRES = 8;
+constexpr int DESKTOPHORZRES = 118;
+
 constexpr int MM_TEXT = 1;
 constexpr int MM_ANISOTROPIC = 8;
 constexpr int R2_NOT = 6;
@@ -134,6 +146,24 @@ WINAPI_CALL COLORREF GetPixel(HDC context, int x, int y);
 WINAPI_CALL int StretchDIBits(HDC context, int x, int y, int width, int height, int source_x, int source_y,
     int source_width, int source_height, const void* pixels, const BITMAPINFO* description, UINT usage,
     DWORD operation);
+
+/// How wide the screen is: in pixels of the program (HORZRES), or in its own (DESKTOPHORZRES). @return 0 for any other
+/// question
+WINAPI_CALL int GetDeviceCaps(HDC context, int index);
+
+/// A context that holds a bitmap, as a source for AlphaBlend. Nothing is drawn in it.
+WINAPI_CALL HDC CreateCompatibleDC(HDC like);
+WINAPI_CALL BOOL DeleteDC(HDC context);
+
+/// A bitmap of 32-bit pixels, the top row first, all 0; null for any other kind. @param bits  receives its pixels,
+/// which the program may write until it deletes the bitmap
+WINAPI_CALL HBITMAP CreateDIBSection(
+    HDC like, const BITMAPINFO* description, UINT usage, void** bits, HANDLE section, DWORD offset);
+
+/// Draws a part of the bitmap in `source` over what is there; colours are multiplied by their alpha already. Of another
+/// size it is smoothed. @param how AC_SRC_OVER, 0, 255, AC_SRC_ALPHA
+WINAPI_CALL BOOL AlphaBlend(HDC context, int x, int y, int width, int height, HDC source, int source_x, int source_y,
+    int source_width, int source_height, BLENDFUNCTION how);
 
 WINAPI_CALL COLORREF SetTextColor(HDC context, COLORREF color);
 WINAPI_CALL int SetBkMode(HDC context, int mode);

@@ -59,13 +59,16 @@ VETRA_HANDLE(HTOUCHINPUT);
 #undef VETRA_HANDLE
 using HMODULE = HINSTANCE;
 using HICON = HCURSOR;
+using HANDLE = void*;
 using HGDIOBJ = void*;
 struct HPEN__;
 struct HBRUSH__;
 struct HFONT__;
+struct HBITMAP__;
 using HPEN = HPEN__*;
 using HBRUSH = HBRUSH__*;
 using HFONT = HFONT__*;
+using HBITMAP = HBITMAP__*;
 
 struct POINT {
     LONG x;
