@@ -37,6 +37,7 @@ struct Opening {
 
     void run()
     {
+        session.closeSeries(); // the last one's
         auto opened = document::open({file});
         const auto failure = opened ? session.adoptImage(std::move(*opened)) : opened.failure();
         if (failure) {

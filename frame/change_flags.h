@@ -9,7 +9,11 @@ using Change_Flags = unsigned long long;
 namespace change {
 constexpr Change_Flags frame_selection = 1ull << 1 | 1ull << 8; ///< both bits: the selection of 2D objects
 constexpr Change_Flags frame_tree = 1ull << 1 | 1ull << 10;     ///< both bits: the tree of 2D objects
+constexpr Change_Flags selection = 1ull << 8;                   ///< with one of bits 0 to 2: of 1D, 2D or 3D objects
+constexpr Change_Flags any_tree = 1ull << 9 | 1ull << 10;       ///< either bit: a tree of objects
+constexpr Change_Flags tree = 1ull << 10;                       ///< with one of bits 0 to 2, as for the selection
 constexpr Change_Flags pointer = 1ull << 18;                    ///< `"$FRAME_OVR"`, `"$MOUSE_FRM"`
+constexpr Change_Flags current_window = 1ull << 20;             ///< `"$WINDOW_CUR"`
 constexpr Change_Flags current_frame = 1ull << 21;              ///< the frame that a window shows, `"$FRAME_CUR"`
 constexpr Change_Flags current_tag = 1ull << 22;                ///< `"$TAG_CUR"`; for markers `"$MARKER_CUR"`
 constexpr Change_Flags brushes = 1ull << 23;                    ///< `"$BRUSH_CUR"`, `"$BRUSH_NB"`, `"$BRUSH_SIZE"`

@@ -9,6 +9,12 @@ constexpr int release = 0;      ///< a plain release: no button is down any more
 constexpr int right_press = 66; ///< the right button went down, and no other is
 }
 
+/// Whether a button went down; in a click, it was released otherwise.
+constexpr bool is_press(int word)
+{
+    return (word & 2) != 0;
+}
+
 /// The code of a key: the low 16 bits of what `Keyboard` is given. Characters are themselves.
 constexpr int key_code(int key)
 {

@@ -12,6 +12,7 @@ constexpr int progress = 4;
 constexpr int notice = 11;
 constexpr int detail = 12;
 constexpr int marker_trace = 15;   ///< event handlers of the marker panel
+constexpr int database_trace = 15; ///< and of the database list
 constexpr int handler_trace = 16;  ///< event handlers of the tag, brush, propagate and histogram panels
 constexpr int internal_trace = 17; ///< what those handlers call
 }

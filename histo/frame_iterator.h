@@ -1,46 +1,23 @@
 #pragma once
 
-#include "host/structures.h"
+#include "frame/iterator_2d.h"
 
 namespace histo {
 
-/// Goes through the frames of a window; ends the host's iterator when it ends itself.
-class Frame_Iterator {
+/// Goes through the frames of a window.
+class Frame_Iterator : private frame::Iterator_2D {
 public:
-    enum class Which : unsigned char { all, selected };
-
-    Frame_Iterator(const char* owner, void* window, Which which)
-        : id_(Iterator_Init(owner, nullptr)), window_(window), which_(which)
-    {
-    }
-    ~Frame_Iterator()
-    {
-        if (id_)
-            Iterator_End(id_);
-    }
-    Frame_Iterator(const Frame_Iterator&) = delete;
-    Frame_Iterator& operator=(const Frame_Iterator&) = delete;
-
-    bool opened() const { return id_ != 0; }
+    using frame::Iterator_2D::abandon;
+    using frame::Iterator_2D::Iterator_2D;
+    using frame::Iterator_2D::opened;
+    using frame::Iterator_2D::Which;
 
     /// The next frame; null at the end, or when the iterator could not be opened.
     Strato_2D_Frame* next()
     {
-        constexpr unsigned frames = 0x2FFF;
-        if (!id_)
-            return nullptr;
-        // The mask lets only frames through.
-        return static_cast<Strato_2D_Frame*>(
-            Iterator_Class_2D(id_, frames, window_, static_cast<unsigned char>(which_)));
+        // What histograms are made of are frames.
+        return static_cast<Strato_2D_Frame*>(frame::Iterator_2D::next());
     }
-
-    /// Leaves the host's iterator open.
-    void abandon() { id_ = 0; }
-
-private:
-    unsigned short id_;
-    void* window_;
-    Which which_;
 };
 
 }

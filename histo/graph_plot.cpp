@@ -27,22 +27,6 @@ constexpr COLORREF composite_label_color = 0xFF8080;
 constexpr COLORREF individual_label_color = 0x80FF80;
 constexpr int most_tags = 256;
 
-// Nothing leaves a rectangle of the window while this lives.
-class Clip {
-public:
-    Clip(int x, int y, int width, int height) : saved_(SaveDC(Y_DC))
-    {
-        // The row of the larger device coordinate, the lower one, is left out.
-        IntersectClipRect(Y_DC, x, y + height - 1, x + width, y - 1);
-    }
-    ~Clip() { RestoreDC(Y_DC, saved_); }
-    Clip(const Clip&) = delete;
-    Clip& operator=(const Clip&) = delete;
-
-private:
-    int saved_;
-};
-
 Clip clip_to_plot(const Window& graph)
 {
     return {graph.x.start, graph.y.start, graph.x.size + 1, graph.y.size + 1};

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/gadgets.h"
+#include "frame/painting.h"
 
 #include <array>
 #include <cstddef>
@@ -15,34 +15,9 @@ constexpr COLORREF red = 0x0000FF;
 constexpr COLORREF green = 0x00FF00;
 constexpr COLORREF blue = 0xFF0000;
 
-/// Something selected into the drawing context for as long as this lives; deleted afterwards.
-class Selected {
-public:
-    explicit Selected(HGDIOBJ object) : object_(object), before_(SelectObject(Y_DC, object)) {}
-    ~Selected()
-    {
-        SelectObject(Y_DC, before_);
-        DeleteObject(object_);
-    }
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
-
-private:
-    HGDIOBJ object_;
-    HGDIOBJ before_;
-};
-
-/// What is drawn while this lives is taken away by being drawn again.
-class Xor_Drawing {
-public:
-    Xor_Drawing() : before_(SetROP2(Y_DC, R2_XORPEN)) {}
-    ~Xor_Drawing() { SetROP2(Y_DC, before_ ? before_ : R2_COPYPEN); }
-    Xor_Drawing(const Xor_Drawing&) = delete;
-    Xor_Drawing& operator=(const Xor_Drawing&) = delete;
-
-private:
-    int before_;
-};
+using frame::Clip;
+using frame::Selected;
+using frame::Xor_Drawing;
 
 /// Fills a rectangle and deletes the brush.
 void fill(const RECT& rectangle, HBRUSH brush);

@@ -75,6 +75,11 @@ int open_iterators()
 Strato::Strato(Record* record) : record_(record) {}
 Strato::~Strato() = default;
 
+const char* Strato::Icon_Get() const
+{
+    return nullptr;
+}
+
 const Histo_Record* Strato_2D_Frame::Histogram_Get()
 {
     return static_cast<Frame*>(this)->histogram;

@@ -165,6 +165,66 @@ int Strato_2D::Child_Get_Cur(Strato_Window*) const
     return shown_index;
 }
 
+// What only the database list asks: nothing is there.
+
+unsigned Strato::Class_A_Get() const
+{
+    return 0;
+}
+
+unsigned Strato::Class_Magic_Get() const
+{
+    return 0;
+}
+
+const char* Strato::Icon_Get() const
+{
+    return nullptr;
+}
+
+const char* Strato::Name_Get() const
+{
+    return "";
+}
+
+const char* Strato::Title_Get() const
+{
+    return "";
+}
+
+int Strato::Flag_Get_Bit(unsigned char, void*, unsigned long long) const
+{
+    return 0;
+}
+
+void Strato::Flag_Set_On(unsigned char, void*, unsigned long long) {}
+void Strato::Flag_Set_Off(unsigned char, void*, unsigned long long) {}
+
+const Frame_Record* Strato_2D::Frame_Record_Get() const
+{
+    return nullptr;
+}
+
+int Strato_1D::Child_Get_Nb() const
+{
+    return 0;
+}
+
+Strato_1D* Strato_1D::Child_Get_Pt(int) const
+{
+    return nullptr;
+}
+
+int Strato_3D::Child_Get_Nb() const
+{
+    return 0;
+}
+
+Strato_3D* Strato_3D::Child_Get_Pt(int) const
+{
+    return nullptr;
+}
+
 namespace {
 
 struct Made_Object final : Strato_2D {

@@ -1,5 +1,7 @@
 #include "tests/workbench/session_fixture.h"
 
+#include "hostkit/structures/tree.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -44,7 +46,13 @@ SessionTest::SessionTest()
 
 void SessionTest::open(int width, int height, int depth, std::array<double, 3> spacing)
 {
-    const auto failure = session.adoptImage(made_image(width, height, depth, spacing));
+    auto opened = made_image(width, height, depth, spacing);
+    if (const auto others = session.series().size()) {
+        opened.volume.files = {"/images/made" + std::to_string(others + 1) + ".nii"};
+        for (auto& frame : opened.volume.frames)
+            frame.file = opened.volume.files[0];
+    }
+    const auto failure = session.adoptImage(std::move(opened));
     ASSERT_FALSE(failure) << failure->message;
 }
 
@@ -62,6 +70,18 @@ void SessionTest::paint(QPoint from, QPoint to, bool erase)
     ASSERT_TRUE(refused.isEmpty()) << refused.toStdString();
     session.continueStroke(to);
     session.endStroke();
+}
+
+Strato_2D* SessionTest::series_in_tree(int index)
+{
+    const Strato_2D* root = hostkit::Root_2D();
+    for (int study = 0; study < root->Child_Get_Nb(); ++study) {
+        const int count = root->Child_Get_Pt(study)->Child_Get_Nb();
+        if (index < count)
+            return root->Child_Get_Pt(study)->Child_Get_Pt(index);
+        index -= count;
+    }
+    return nullptr;
 }
 
 std::vector<std::uint8_t> SessionTest::tags() const

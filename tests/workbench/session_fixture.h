@@ -25,7 +25,10 @@ class SessionTest : public ::testing::Test {
 protected:
     SessionTest();
 
+    /// Opens one more image, from a file of its own.
     void open(int width, int height, int depth, std::array<double, 3> spacing = {1, 1, 1});
+    /// What the host has of a series, in the order of the tree; null when there are fewer.
+    static Strato_2D* series_in_tree(int index = 0);
     void choose_brush_of_radius(unsigned radius);
 
     /// Paints from one pixel to another, or dots.

@@ -35,6 +35,15 @@ std::string person(std::string name)
     return trimmed(name);
 }
 
+/// "20240531" as people read it; what looks otherwise stays away.
+std::string date(const std::string& text)
+{
+    constexpr std::size_t digits = 8;
+    if (text.size() != digits || text.find_first_not_of("0123456789") != std::string::npos)
+        return {};
+    return text.substr(0, 4) + "-" + text.substr(4, 2) + "-" + text.substr(6);
+}
+
 template <std::size_t count>
 std::optional<std::array<double, count>> exactly(const std::vector<double>& numbers)
 {
@@ -96,6 +105,12 @@ bool DicomCollector::take_identity(const Element& element)
     case 0x00080005:
         character_set_ = walker_.text(element);
         return true;
+    case 0x00080008:
+        header_.is_scout = walker_.text(element).find("LOCALIZER") != std::string::npos;
+        return true;
+    case 0x00080020:
+        header_.study_date = date(walker_.text(element));
+        return true;
     case 0x00080060:
         header_.modality = walker_.text(element);
         return true;
@@ -108,8 +123,14 @@ bool DicomCollector::take_identity(const Element& element)
     case 0x00100010:
         header_.patient = walker_.text(element);
         return true;
+    case 0x0020000D:
+        header_.study_uid = walker_.text(element);
+        return true;
     case 0x0020000E:
         header_.series_uid = walker_.text(element);
+        return true;
+    case 0x00200011:
+        header_.series_number = int(number(element));
         return true;
     case 0x00200013:
         header_.instance = int(number(element));

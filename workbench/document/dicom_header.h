@@ -20,13 +20,16 @@ struct DicomFrame {
 /// What the header of one DICOM file tells, without its pixels.
 struct DicomHeader {
     std::filesystem::path path;
-    std::string series_uid;
+    std::string study_uid, series_uid;
     std::string series; ///< description. UTF-8, as all texts here
-    std::string study;
+    std::string study;  ///< description
+    std::string study_date; ///< "2024-05-31"; empty when it is not said
     std::string patient;
     std::string modality;
     std::string unit;
+    int series_number = 0; ///< 0: not said
     int instance = 0;
+    bool is_scout = false; ///< made to plan others on
     DicomPixels pixels;
 
     std::optional<std::array<double, 3>> position;          ///< of the first voxel, millimetres

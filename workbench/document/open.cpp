@@ -28,35 +28,9 @@ Result<Value> guarded(const Path& path, Action&& action)
     }
 }
 
-/// A part of a whole: from `begin` to `end` of its progress.
-Progress part_of(const Progress& whole, double begin, double end)
-{
-    Progress part;
-    part.cancelled = whole.cancelled;
-    if (whole.report)
-        part.report = [&whole, begin, end](double done) { whole.at(begin + (end - begin) * done); };
-    return part;
-}
-
 std::string count_text(std::size_t count, const char* noun)
 {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-/// What is known of each frame and where it came from, as far as the reader did not tell.
-Result<Opened> completed(Result<Opened> opened, const Path& path)
-{
-    if (!opened)
-        return opened;
-    auto& volume = opened->volume;
-    if (volume.series.empty())
-        volume.series = path.filename().string();
-    for (int z = int(volume.frames.size()); z < volume.frame_count(); ++z)
-        volume.frames.push_back({z * volume.geometry.spacing[2], z + 1, path.string()});
-    for (const auto& frame : volume.frames)
-        if (volume.files.empty() || volume.files.back() != frame.file)
-            volume.files.push_back(frame.file);
-    return opened;
 }
 
 std::size_t frame_count(const Stack& stack)
@@ -127,12 +101,6 @@ Result<Opened> open_series_of(const Path& file, const Paths& files, const Progre
     return open_stack(stacks, index, part_of(progress, 0.2, 1));
 }
 
-bool is_dicom(const Path& path)
-{
-    const auto file = InputFile::open(path);
-    return file && format_of(*file) == Format::dicom;
-}
-
 bool is_image(const Path& path)
 {
     const auto file = InputFile::open(path);
@@ -184,6 +152,36 @@ Result<Opened> open_file(const Paths& paths, const Progress& progress)
     return open_series_of(absolute, files ? *files : Paths{absolute}, progress);
 }
 
+}
+
+Progress part_of(const Progress& whole, double begin, double end)
+{
+    Progress part;
+    part.cancelled = whole.cancelled;
+    if (whole.report)
+        part.report = [&whole, begin, end](double done) { whole.at(begin + (end - begin) * done); };
+    return part;
+}
+
+Result<Opened> completed(Result<Opened> opened, const Path& path)
+{
+    if (!opened)
+        return opened;
+    auto& volume = opened->volume;
+    if (volume.series.empty())
+        volume.series = path.filename().string();
+    for (int z = int(volume.frames.size()); z < volume.frame_count(); ++z)
+        volume.frames.push_back({z * volume.geometry.spacing[2], z + 1, path.string()});
+    for (const auto& frame : volume.frames)
+        if (volume.files.empty() || volume.files.back() != frame.file)
+            volume.files.push_back(frame.file);
+    return opened;
+}
+
+bool is_dicom(const Path& path)
+{
+    const auto file = InputFile::open(path);
+    return file && format_of(*file) == Format::dicom;
 }
 
 Result<Opened> open(const std::vector<Path>& paths, const Progress& progress)

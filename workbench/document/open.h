@@ -28,6 +28,18 @@ struct Opened {
 /// any thread, in one at a time. Never throws.
 Result<Opened> open(const std::vector<std::filesystem::path>& paths, const Progress& progress = {});
 
+/// Images that were opened together.
+struct OpenedImages {
+    std::vector<Opened> images;          ///< at least one
+    std::vector<std::string> unreadable; ///< why others could not be opened, ready to be shown
+};
+
+/// Opens all images that paths name: of a folder every DICOM series directly inside it, ordered by study and number, or
+/// when there is none the first image; of several files each image, DICOM files among them sorted into series. One path
+/// that is a file is opened as open() does it. Fails only when there is nothing that could be opened. Otherwise as
+/// open().
+Result<OpenedImages> open_all(const std::vector<std::filesystem::path>& paths, const Progress& progress = {});
+
 /// One DICOM series of a folder.
 struct Series {
     std::string uid;

@@ -92,6 +92,10 @@ void take_texts(Volume& volume, const DicomHeader& header)
     volume.modality = header.modality;
     volume.patient = header.patient;
     volume.study = header.study;
+    volume.study_date = header.study_date;
+    volume.study_uid = header.study_uid;
+    volume.series_uid = header.series_uid;
+    volume.series_number = header.series_number;
     volume.series = header.series;
     volume.unit = header.unit;
     volume.inverted = header.pixels.is_inverted() && !volume.is_colour();
@@ -105,7 +109,8 @@ void take_frames(Volume& volume, const Frames& frames)
     for (const auto& [header, index, place] : frames) {
         if (one_file && !place)
             return; // counted by whoever completes the volume
-        volume.frames.push_back({place.value_or(0), one_file ? index + 1 : header->instance, header->path.string()});
+        volume.frames.push_back({place.value_or(0), one_file ? index + 1 : header->instance,
+            header->path.string(), header->is_scout});
     }
 }
 

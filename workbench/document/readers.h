@@ -9,7 +9,7 @@
 namespace document {
 
 /// One reader a format; the file has the content of that format. They fill what the format tells of a volume; what all
-/// have in common (its name, its frames) finish() adds.
+/// have in common (its name, its frames) completed() adds.
 Result<Opened> read_nifti(const std::filesystem::path& path, const Progress& progress);
 Result<Opened> read_nrrd(const std::filesystem::path& path, const Progress& progress);
 Result<Opened> read_metaimage(const std::filesystem::path& path, const Progress& progress);
@@ -21,6 +21,14 @@ Result<Opened> read_volume(Format format, const VoxelSource& source, const Layou
 
 /// Opens one file that is not DICOM, by its content.
 Result<Opened> read_file(const std::filesystem::path& path, const Progress& progress);
+
+/// What is known of each frame and where it came from, as far as the reader did not tell.
+Result<Opened> completed(Result<Opened> opened, const std::filesystem::path& path);
+
+/// A part of a whole: from `begin` to `end` of its progress. The whole must outlive it.
+Progress part_of(const Progress& whole, double begin, double end);
+
+bool is_dicom(const std::filesystem::path& path);
 
 /// What the content of a file is.
 Format format_of(const InputFile& file);

@@ -17,6 +17,7 @@ struct Frame {
     double position = 0; ///< along the normal of the frames, millimetres
     int instance = 0;    ///< the number that the header gives, else counted from 1
     std::string file;    ///< the file it came from, UTF-8
+    bool is_scout = false; ///< made to plan others on
 };
 
 /// One contiguous volume of pixels, in the type and with the values that its file stores: x fastest, then y, then z
@@ -33,9 +34,12 @@ public:
     bool inverted = false; ///< low grey values are white
     std::optional<Window> header_window;
 
-    std::string modality; ///< "CT", "MR"...; empty when unknown. These four are UTF-8
+    std::string modality; ///< "CT", "MR"...; empty when unknown, as all of these. UTF-8
     std::string patient;
     std::string study;
+    std::string study_date; ///< "2024-05-31"
+    std::string study_uid, series_uid;
+    int series_number = 0; ///< 0 when unknown
     std::string series;             ///< what the series is called; for files without such a name the file's
     std::vector<Frame> frames;      ///< one each
     std::vector<std::string> files; ///< that it was read from, UTF-8, in the order of the frames

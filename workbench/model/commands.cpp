@@ -38,12 +38,12 @@ TagCommand::TagCommand(
 
 void TagCommand::undo()
 {
-    session_.showTags(before_);
+    session_.changeTags(after_, before_);
 }
 
 void TagCommand::redo()
 {
-    session_.showTags(after_);
+    session_.changeTags(before_, after_);
 }
 
 }

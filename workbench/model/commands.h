@@ -28,7 +28,8 @@ private:
     bool redone_;
 };
 
-/// A change of the tags' names, colours and thresholds.
+/// A change of the tags' names, colours and thresholds. Tags are shared by all series, whose steps are apart: what was
+/// changed meanwhile beside it stays.
 class TagCommand : public QUndoCommand {
 public:
     TagCommand(Session& session, const QString& text, TagTable::State before, TagTable::State after,

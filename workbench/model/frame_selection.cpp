@@ -8,7 +8,7 @@ namespace workbench {
 
 int FrameSelection::count() const
 {
-    int selected = 0;
+    int selected = tree_.selectedElsewhere();
     for (int z = 0; z < tree_.frameCount(); ++z)
         selected += tree_.isSelected(z);
     return selected;
@@ -33,7 +33,9 @@ int FrameSelection::last() const
 FrameSelection::Choice FrameSelection::choice() const
 {
     const int selected = count();
-    if (followsShown_ && selected == 1 && tree_.isSelected(tree_.shown()))
+    if (tree_.selectedElsewhere() > 0)
+        return Choice::other;
+    if (followsShown_ && selected == 1 && tree_.shown() && tree_.isSelected(*tree_.shown()))
         return Choice::shown;
     if (selected == tree_.frameCount())
         return Choice::all;
@@ -64,19 +66,13 @@ void FrameSelection::chooseRange(int first, int last)
 
 void FrameSelection::followShown()
 {
-    if (followsShown_)
-        tree_.select(tree_.shown(), tree_.shown());
+    if (followsShown_ && tree_.shown())
+        tree_.select(*tree_.shown(), *tree_.shown());
 }
 
 void FrameSelection::followTree()
 {
     followsShown_ = followsShown_ && choice() == Choice::shown;
-    emit changed();
-}
-
-void FrameSelection::reset()
-{
-    followsShown_ = false;
     emit changed();
 }
 

@@ -6,8 +6,8 @@ namespace workbench {
 
 class ImageTree;
 
-/// Which frames of the open image are selected: all, only the shown one, wherever one goes, or a range. The selection
-/// itself is in the tree, where panels change it as well.
+/// Which frames are selected: of the current series all, only the shown one, wherever one goes, or a range; or others,
+/// perhaps of other series too. The selection itself is in the tree, where panels change it as well.
 class FrameSelection final : public QObject {
     Q_OBJECT
 public:
@@ -17,10 +17,11 @@ public:
     explicit FrameSelection(ImageTree& tree) : tree_(tree) {}
 
     Choice choice() const;
-    int count() const; ///< selected frames
-    int first() const; ///< of the selected ones, from 0; 0 when there are none
+    int count() const; ///< selected frames of all series
+    int first() const; ///< of the selected ones of the current series, from 0; 0 when there are none
     int last() const;
 
+    /// Each deselects the frames of all other series.
     void chooseAll();
     void chooseShown();
     void chooseRange(int first, int last); ///< in either order; clamped to the frames that there are
@@ -29,8 +30,6 @@ public:
     void followShown();
     /// The selection in the tree is another one.
     void followTree();
-    /// Another image, all selected.
-    void reset();
 
 signals:
     void changed();

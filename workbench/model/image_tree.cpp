@@ -1,35 +1,26 @@
 #include "workbench/model/image_tree.h"
 
 #include "hostkit/structures/broadcast.h"
+#include "hostkit/structures/files.h"
 #include "hostkit/structures/registry.h"
 #include "hostkit/structures/series_pixels.h"
 #include "workbench/document/volume.h"
 #include "workbench/model/host_words.h"
-
-#include <string>
+#include "workbench/model/tree_files.h"
+#include "workbench/model/tree_names.h"
 
 namespace workbench {
 
 namespace {
 
 constexpr unsigned series_class = 0x2002;
+constexpr unsigned study_class = 0x2003;
 constexpr unsigned long long pointer_moved = 1ull << 18;
 
 // `"$MOUSE_FRM"`: x and y are its second and third float.
 struct PointerCell {
     float unused, x, y, unused_too;
 };
-
-std::string name_of_series(const document::Volume& volume)
-{
-    return volume.series.empty() ? "Image" : volume.series;
-}
-
-std::string name_of_frame(const document::Volume& volume, int z)
-{
-    const bool numbered = std::size_t(z) < volume.frames.size();
-    return "Slice " + std::to_string(numbered ? volume.frames[std::size_t(z)].instance : z + 1);
-}
 
 constexpr unsigned char of_itself = 16;
 constexpr unsigned long long selected = 512;
@@ -85,51 +76,83 @@ hostkit::Series_Pixels pixels_of(const document::Volume& volume)
         volume.slope, volume.intercept, volume.unit};
 }
 
-Strato_2D* build(const document::Volume& volume)
+}
+
+ImageTree::ImageTree() : window_(hostkit::Window_Add("View")) {}
+
+// The pixels go before the objects do: panels may hold on to these until they are told.
+ImageTree::~ImageTree()
 {
-    auto* series =
-        hostkit::Object_2D_Add(hostkit::Root_2D(), {name_of_series(volume), "Series", series_class, 0, series_class});
+    while (!files_.empty())
+        remove(files_.begin()->first);
+}
+
+// ------------------------------------------------------------------------------------------------- adding, removing
+
+Strato_2D* ImageTree::studyOf(const document::Volume& volume)
+{
+    const std::string key = keyOfStudy(volume);
+    for (const Study& study : studies_)
+        if (study.key == key)
+            return study.object;
+    studies_.push_back({key, nullptr});
+    studies_.back().object = hostkit::Object_2D_Add(
+        hostkit::Root_2D(), {nameOfStudy(volume), "Study", study_class, 0, study_class, "icon study.tga"});
+    return studies_.back().object;
+}
+
+Strato_2D* ImageTree::add(const document::Volume& volume)
+{
+    Strato_2D* series = nullptr;
     try {
+        series = hostkit::Object_2D_Add(
+            studyOf(volume), {nameOfSeries(volume), "Series", series_class, 0, series_class, "icon series.tga"});
         for (int z = 0; z < volume.frame_count(); ++z)
-            set_selected(hostkit::Frame_Add(series, {name_of_frame(volume, z), "Frame", hostkit::frame_class,
-                                                        unsigned(z), hostkit::frame_magic}),
-                true);
+            hostkit::Frame_Add(series, {nameOfFrame(volume, z), "Frame", hostkit::frame_class, unsigned(z),
+                                           hostkit::frame_magic, "icon frame.tga"});
+        addFilesOf(volume, series, files_[series]);
         hostkit::Series_Pixels_Set(series, pixels_of(volume));
     } catch (...) {
-        hostkit::Object_2D_Remove(series);
+        removeObjects(series);
         throw;
     }
     return series;
 }
 
-}
-
-ImageTree::ImageTree() : window_(hostkit::Window_Add("View")) {}
-
-ImageTree::~ImageTree()
-{
-    remove(series_);
-}
-
-// The pixels go before the objects do: panels may hold on to these until they are told.
 void ImageTree::remove(Strato_2D* series)
 {
-    if (series)
-        hostkit::Series_Pixels_Set(series, {});
-    hostkit::Object_2D_Remove(series);
+    hostkit::Series_Pixels_Set(series, {});
+    removeObjects(series);
 }
 
-void ImageTree::replace(const document::Volume& volume, int z)
+void ImageTree::removeObjects(Strato_2D* series)
 {
-    const hostkit::Panel_Call until_complete;
-    Strato_2D* const before = series_;
-    series_ = build(volume);
-    setPointer({});
-    show(z);
-    remove(before);
+    if (series == series_)
+        series_ = nullptr;
+    for (File_Record* file : files_[series])
+        hostkit::File_Remove(file);
+    files_.erase(series);
+    hostkit::Object_2D_Remove(series);
+    removeEmptyStudies();
+}
+
+void ImageTree::removeEmptyStudies()
+{
+    std::erase_if(studies_, [](const Study& study) {
+        if (study.object && study.object->Child_Get_Nb() > 0)
+            return false;
+        hostkit::Object_2D_Remove(study.object);
+        return true;
+    });
+}
+
+void ImageTree::tellOfChange()
+{
     Fct_Update(hostkit::series_tree_changed, nullptr, nullptr, nullptr);
     Fct_Update(word::selection_2D, nullptr, nullptr, nullptr);
 }
+
+// -------------------------------------------------------------------------------------------------------- selecting
 
 int ImageTree::frameCount() const
 {
@@ -138,7 +161,7 @@ int ImageTree::frameCount() const
 
 std::optional<int> ImageTree::indexOf(const Strato_2D* frame) const
 {
-    if (!series_ || frame->Parent_Get_Pt() != series_)
+    if (!series_ || !frame || frame->Parent_Get_Pt() != series_)
         return {};
     return hostkit::Child_Index(frame);
 }
@@ -148,44 +171,83 @@ bool ImageTree::isSelected(int z) const
     return series_ && is_selected(series_->Child_Get_Pt(z));
 }
 
+// Calls visit(frame) for all frames in the order of the tree, until it returns true.
+void ImageTree::forEachFrame(const std::function<bool(Strato_2D* frame)>& visit)
+{
+    const Strato_2D* root = hostkit::Root_2D();
+    for (int i = 0; i < root->Child_Get_Nb(); ++i)
+        for (int j = 0; j < root->Child_Get_Pt(i)->Child_Get_Nb(); ++j) {
+            const Strato_2D* series = root->Child_Get_Pt(i)->Child_Get_Pt(j);
+            for (int z = 0; z < series->Child_Get_Nb(); ++z)
+                if (visit(series->Child_Get_Pt(z)))
+                    return;
+        }
+}
+
 void ImageTree::select(int first, int last)
 {
     bool changed = false;
-    for (int z = 0; z < frameCount(); ++z) {
-        const bool on = z >= first && z <= last;
-        if (on == isSelected(z))
-            continue;
-        set_selected(series_->Child_Get_Pt(z), on);
-        changed = true;
-    }
+    forEachFrame([&](Strato_2D* frame) {
+        const int z = indexOf(frame).value_or(-1);
+        const bool on = z >= 0 && z >= first && z <= last;
+        if (on != is_selected(frame)) {
+            set_selected(frame, on);
+            changed = true;
+        }
+        return false;
+    });
     if (changed)
         Fct_Update(word::selection_2D, nullptr, nullptr, nullptr);
+}
+
+int ImageTree::selectedElsewhere() const
+{
+    int count = 0;
+    forEachFrame([&](const Strato_2D* frame) {
+        count += frame->Parent_Get_Pt() != series_ && is_selected(frame);
+        return false;
+    });
+    return count;
+}
+
+Strato_2D* ImageTree::selectedInstead() const
+{
+    Strato_2D* first = nullptr;
+    if (is_selected(hostkit::Window_Frame(window_)))
+        return first;
+    forEachFrame([&](Strato_2D* frame) {
+        first = is_selected(frame) ? frame : nullptr;
+        return first != nullptr;
+    });
+    return first;
+}
+
+// ---------------------------------------------------------------------------------------------------------- showing
+
+Strato_2D* ImageTree::shownSeries() const
+{
+    const Strato_2D* frame = hostkit::Window_Frame(window_);
+    return frame ? frame->Parent_Get_Pt() : nullptr;
+}
+
+std::optional<int> ImageTree::shown() const
+{
+    return indexOf(hostkit::Window_Frame(window_));
+}
+
+void ImageTree::show(int z)
+{
+    show(series_->Child_Get_Pt(z));
+}
+
+void ImageTree::show(Strato_2D* frame)
+{
+    Fct_Change_Child(window_, frame, hostkit::Window_Frame(window_));
 }
 
 double ImageTree::greyFactor() const
 {
     return series_ ? hostkit::Series_Grey_Factor(series_) : 1;
-}
-
-int ImageTree::shown() const
-{
-    const auto* frame = hostkit::Window_Frame(window_);
-    return frame ? hostkit::Child_Index(frame) : 0;
-}
-
-void ImageTree::show(int z)
-{
-    Fct_Change_Child(window_, series_->Child_Get_Pt(z), hostkit::Window_Frame(window_));
-}
-
-std::optional<int> ImageTree::selectedInstead() const
-{
-    if (!series_ || is_selected(hostkit::Window_Frame(window_)))
-        return {};
-    for (int z = 0; z < series_->Child_Get_Nb(); ++z)
-        if (is_selected(series_->Child_Get_Pt(z)))
-            return z;
-    return {};
 }
 
 void ImageTree::setPointer(std::optional<QPointF> position)

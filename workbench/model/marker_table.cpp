@@ -101,11 +101,17 @@ MarkerTable::Changes MarkerTable::show(const State& state)
     return changes;
 }
 
-MarkerTable::Changes MarkerTable::reset()
+MarkerTable::Sheet MarkerTable::sheet() const
 {
-    Changes changes = show(usual_);
-    saved_ = usual_;
-    changes.count = std::exchange(markerCount(), markers_of_a_row) != markers_of_a_row;
+    return {state_, saved_, markerCount()};
+}
+
+MarkerTable::Changes MarkerTable::replace(const Sheet& sheet)
+{
+    Changes changes = show(sheet.state ? sheet.state : usual_);
+    saved_ = sheet.saved ? sheet.saved : usual_;
+    const unsigned short count = sheet.count ? sheet.count : markers_of_a_row;
+    changes.count = std::exchange(markerCount(), count) != count;
     return changes;
 }
 

@@ -42,15 +42,22 @@ public:
     };
     Changes show(const State& state);
 
-    /// Everything as in the beginning, saved, and again with one row of markers.
-    Changes reset();
+    /// What is put aside while the markers of another image are the current ones.
+    struct Sheet {
+        State state, saved;       ///< null: as in the beginning
+        unsigned short count = 0; ///< 0: one row of markers
+
+        bool isModified() const { return state != saved && *state != *saved; }
+    };
+    Sheet sheet() const;
+    Changes replace(const Sheet& sheet);
 
     /// Those worth a line in a file: up to the last that says anything.
     document::MarkerList rows() const;
 
     void markSaved(const State& state) { saved_ = state; }
     /// Whether it differs from what was saved last. Exact through undo and redo, and when something is typed back.
-    bool isModified() const { return state_ != saved_ && *state_ != *saved_; }
+    bool isModified() const { return Sheet{state_, saved_}.isModified(); }
 
 private:
     unsigned described() const;

@@ -107,6 +107,8 @@ bool Markers::showNext(int way)
 QString Markers::beginSetting(QPointF pixel)
 {
     cancelMoving();
+    if (!session_.showsFrame())
+        return tr("No slice is shown. Choose one in the database, or turn the wheel.");
     const QRectF frame(0, 0, session_.volume().width(), session_.volume().height());
     if (!frame.contains(pixel))
         return tr("That is beside the image. Click where the marker should be.");
@@ -301,22 +303,32 @@ int Markers::adopt(const document::MarkerList& markers, const QString& path)
     return beyond;
 }
 
+Markers::Snapshot Markers::snapshot() const
+{
+    return {table_.rows(), table_.state(), session_.currentSeries()};
+}
+
 void Markers::markSaved(const QString& path, const Snapshot& saved)
 {
-    if (saved.image != image_)
+    const auto series = saved.series.lock();
+    if (!series)
         return;
-    path_ = path;
-    table_.markSaved(saved.state);
+    if (series == session_.currentSeries()) {
+        path_ = path;
+        table_.markSaved(saved.state);
+    } else {
+        series->markers.path = path;
+        series->markers.table.saved = saved.state;
+    }
     emit savedChanged();
 }
 
-void Markers::reset()
+void Markers::replace(const MarkerSheet& sheet)
 {
     held_.reset();
-    path_.clear();
-    ++image_;
-    setCurrent(0);
-    tellOf(table_.reset());
+    path_ = sheet.path;
+    tellOf(table_.replace(sheet.table));
+    setCurrent(sheet.current);
 }
 
 }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "hostkit/structures/broadcast.h"
-#include "workbench/model/marker_table.h"
+#include "workbench/model/open_series.h"
 
-#include <cstdint>
+#include <memory>
 #include <optional>
 #include <QColor>
 #include <QObject>
@@ -18,7 +18,7 @@ class Session;
 ///
 /// A marker is set when it has a position. The current marker, names, colours and which are shown are the host's shared
 /// variables, which panels change as well. There are markers from 0 to count() - 1, set or not; setting one beyond
-/// makes more. Another image begins without any.
+/// makes more. Each series that is open has its own; these are the current one's. A series begins without any.
 class Markers : public QObject {
     Q_OBJECT
 public:
@@ -73,9 +73,9 @@ public:
     struct Snapshot {
         document::MarkerList rows;
         MarkerTable::State state; ///< these two for markSaved
-        std::uint64_t image;
+        std::weak_ptr<OpenSeries> series;
     };
-    Snapshot snapshot() const { return {table_.rows(), table_.state(), image_}; }
+    Snapshot snapshot() const;
 
     bool isModified() const { return table_.isModified(); }
     QString path() const { return path_; } ///< that they were saved to or loaded from; may be empty
@@ -87,8 +87,10 @@ public:
     /// What was taken is in the file `path` now. Without effect when it belongs to an image that is no longer open.
     void markSaved(const QString& path, const Snapshot& saved);
 
-    /// Another image: no marker is set, and nothing is unsaved.
-    void reset();
+    /// Puts the markers of another series in their place; steps go on from there.
+    void replace(const MarkerSheet& sheet);
+    /// What replace() brings back.
+    MarkerSheet sheet() const { return {table_.sheet(), path_, current()}; }
 
 signals:
     void changed(); ///< positions, names, colours, count() or which are shown
@@ -122,7 +124,6 @@ private:
     MarkerTable table_;
     std::optional<Held> held_;
     QString path_;
-    std::uint64_t image_ = 0; // counts them, so that a save that ends late is known
     hostkit::Subscription updates_;
 };
 

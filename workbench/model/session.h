@@ -6,6 +6,7 @@
 #include "workbench/model/fresh_host.h"
 #include "workbench/model/image_tree.h"
 #include "workbench/model/markers.h"
+#include "workbench/model/open_series.h"
 #include "workbench/model/propagation.h"
 #include "workbench/model/stroke.h"
 #include "workbench/model/tag_table.h"
@@ -18,13 +19,18 @@
 #include <QPointF>
 #include <QRect>
 #include <QString>
+#include <QUndoGroup>
 #include <QUndoStack>
+#include <vector>
 
 namespace workbench {
 
-/// What is open and what is being done with it: the image, its label map, the shown frame, the window, the current tag
-/// and brush, the stroke that is being painted and the steps that can be undone. It knows no widget; views and panels
-/// follow its signals and the host's broadcasts.
+/// What is open and what is being done with it: the series, their label maps, the shown frame, the window, the current
+/// tag and brush, the stroke that is being painted and the steps that can be undone. It knows no widget; views and
+/// panels follow its signals and the host's broadcasts.
+///
+/// Of the series that are open one is the current one: that whose frame the window shows, or showed last. What is asked
+/// of or done with "the image" concerns that one.
 ///
 /// The current tag, tag names, colours, locks and brushes are the host's shared variables, which panels change as well;
 /// a session only gives them a face. There is one session at a time: making it makes the host afresh, so make it before
@@ -35,6 +41,34 @@ public:
     explicit Session(QObject* parent = nullptr);
     ~Session() override;
 
+    // ------------------------------------------------------------------------------------------------- the series
+
+    /// Those that are open, in the order of opening.
+    using Series = std::shared_ptr<OpenSeries>;
+    const std::vector<Series>& series() const { return series_; }
+    const Series& currentSeries() const { return image_; } ///< null when none is open
+
+    /// Opens another image, with an empty label map and its suggested window, shows its middle frame and selects all
+    /// its frames and no others. One that is open already, read from the same files, is only shown. Fails when memory
+    /// is short; nothing has changed then.
+    std::optional<document::Failure> adoptImage(document::Opened opened);
+
+    /// The same with several, of which the one with the most frames is shown. @return why some could not be opened
+    std::vector<document::Failure> adoptImages(std::vector<document::Opened> images);
+
+    /// Shows a series that is open and selects its frames; ignored when it is shown already or not open.
+    void showSeries(const Series& series);
+
+    /// Closes the current series with all that belongs to it and its steps of undo, saved or not: ask before. The one
+    /// that was opened after it is shown then, or before it.
+    void closeSeries();
+
+    /// What a series is called, for titles: the name of its file, or of its series. Empty for null.
+    static QString nameOf(const OpenSeries* series);
+
+    /// Whether anything would be lost with it: labels or markers.
+    bool isModified(const OpenSeries& series) const;
+
     // -------------------------------------------------------------------------------------------------- the image
 
     bool hasImage() const { return image_ != nullptr; }
@@ -43,13 +77,7 @@ public:
     const document::Volume& volume() const { return image_->volume; }
     const document::LabelMap& labels() const { return image_->labels; }
 
-    /// Shows another image, with an empty label map, its middle frame and its suggested window. Fails when there is no
-    /// memory for the label map; what was open stays open then. The steps of undo go with the old image, saved or not:
-    /// ask before.
-    std::optional<document::Failure> adoptImage(document::Opened opened);
-
-    /// What the image is called, for titles: the name of its file, or of its series. Empty without an image.
-    QString imageName() const;
+    QString imageName() const { return nameOf(image_.get()); }
     /// The full names of the files it was read from.
     QStringList imageFiles() const;
 
@@ -57,7 +85,8 @@ public:
 
     /// Makes `labels`, which were loaded from `path`, the labels of the image, and `table`, when there is one with
     /// them, the tags' names, colours and thresholds: one step that can be undone. Fails when the labels do not have
-    /// the size of the image or memory is short; nothing has changed then.
+    /// the size of the image or memory is short; nothing has changed then. Labels that are another series' keep belonging
+    /// to that: labelPath() is empty then.
     std::optional<document::Failure> adoptLabels(
         const document::LabelMap& labels, const QString& path, const std::optional<document::LabelTable>& table = {});
 
@@ -65,32 +94,40 @@ public:
     /// Only when there is an image.
     struct Snapshot {
         document::LabelMap labels;
-        std::uint64_t revision; ///< for markSaved
+        std::uint64_t revision;           ///< these two for markSaved
+        std::weak_ptr<OpenSeries> series; ///< that they belong to
     };
     document::Result<Snapshot> snapshot();
 
-    /// The labels of that revision are in the file `path` now. Without effect when they belong to an image that is no
-    /// longer open.
-    void markSaved(const QString& path, std::uint64_t revision);
+    /// What was taken is in the file `path` now. Without effect when the series is no longer open.
+    void markSaved(const QString& path, const Snapshot& saved);
 
     /// The file that the labels were saved to or loaded from; empty when there is none yet.
-    QString labelPath() const { return labelPath_; }
+    QString labelPath() const { return image_ ? image_->labelPath : QString(); }
+
+    /// Another series whose label map is this file; null when there is none.
+    const OpenSeries* otherWithLabels(const QString& path) const;
 
     /// Whether the labels differ from that file, or from an empty map when there is none. Exact through undo and redo.
-    bool areLabelsModified() const { return revision_ != savedRevision_; }
+    bool areLabelsModified() const { return image_ && image_->areLabelsModified(); }
 
     /// Whether anything would be lost with the image: labels or markers.
-    bool isImageWorkModified() const { return areLabelsModified() || markers_.isModified(); }
+    bool isImageWorkModified() const { return image_ && isModified(*image_); }
 
-    /// Whether anything would be lost with the session: labels, markers, or names, colours and thresholds of tags.
-    bool isModified() const { return isImageWorkModified() || table_.isModified(); }
+    /// Whether anything would be lost with the session: labels and markers of any series, or names, colours and
+    /// thresholds of tags.
+    bool isModified() const;
 
     // ------------------------------------------------------------------------------------------------- the frames
 
     int frameCount() const { return image_ ? image_->volume.frame_count() : 0; }
 
-    /// The frame that the window shows, from 0; 0 without an image.
+    /// The frame that the window shows, or showed last, from 0; 0 without an image.
     int frame() const;
+    /// Whether it shows one: nothing is shown when nothing is selected in the database.
+    bool showsFrame() const { return tree_.shown().has_value(); }
+    /// Takes in what the window shows now, when it was changed without telling.
+    void followWindow();
     /// Shows another; clamped to those that there are. A stroke in progress is ended.
     void setFrame(int z);
 
@@ -101,7 +138,7 @@ public:
     double greyFactor() const { return tree_.greyFactor(); }
 
     /// The grey values from black to white.
-    document::Window window() const { return window_; }
+    document::Window window() const { return image_ ? image_->window : document::Window(); }
     void setWindow(document::Window window); ///< a width that is not above 0 is made small
     void resetWindow();                      ///< to the suggested one
 
@@ -203,12 +240,15 @@ public:
     // -------------------------------------------------------------------------------------------------------- undo
 
     /// Strokes, loaded labels, propagations, changes of tags and of markers; each step has a text. An undo takes back a
-    /// stroke in progress first.
-    QUndoStack& undoStack() { return undo_; }
+    /// stroke in progress first. Each series has its steps; these are the current one's.
+    QUndoStack& undoStack() { return *undo_.activeStack(); }
+    /// The steps of whichever series is the current one.
+    QUndoGroup& undoGroup() { return undo_; }
 
 signals:
+    void imageOpened();                          ///< one more series, or several; imageChanged() comes with it
     void imageChanged();                         ///< another image, or none; everything below may have changed with it
-    void frameChanged(int z);                    ///< another frame of the same image is shown
+    void frameChanged(int z);                    ///< another frame of the same image is shown, or none
     void windowChanged();                        ///< window()
     void opacityChanged(double opacity);         ///< overlayOpacity()
     void labelsChanged(int z, const QRect& box); ///< pixels of a frame, also while a stroke is painted
@@ -223,18 +263,16 @@ signals:
 private:
     friend class LabelCommand;
     friend class TagCommand;
-    struct Image {
-        document::Volume volume;
-        document::LabelMap labels;
-    };
     using Steps = std::vector<document::MaskDifference>;
 
     void hostChanged(unsigned long long flags);
-    void followFrame();
     void showSelectedFrame();
+    document::Result<Series> made(document::Opened opened);
+    Series openFrom(const std::vector<std::string>& files) const;
+    void makeCurrent(const Series& series);
     void pushRenamings();
     void pushTags(const QString& text, const TagTable::State& after);
-    void showTags(const TagTable::State& state);
+    void changeTags(const TagTable::State& from, const TagTable::State& to);
     static QString titleOf(unsigned tag, const QString& name);
     static QString stepText(const document::LabelEntry& before, const document::LabelEntry& after);
     void pushSteps(const QString& text, Steps steps); // that the labels show already
@@ -255,21 +293,17 @@ private:
     FrameSelection selection_{tree_};
     TagTable table_;
     Markers markers_{*this};
-    std::shared_ptr<Image> image_; // work in other threads may still need its pixels
+    QUndoGroup undo_;
+    QUndoStack tagSteps_; // of tags while nothing is open
+    std::vector<Series> series_;
+    Series image_; // the current one; work in other threads may still need its pixels
     std::unique_ptr<Stroke> stroke_;
     QString strokeText_;
-    QUndoStack undo_;
-    document::Window window_;
     double opacity_ = 0.5;
     document::CarryMode carryMode_ = document::CarryMode::add;
-    int shownFrame_ = 0; // that the views know of
-    QString labelPath_;
-
-    // Each state of the labels has a number of its own, so that it is known which of them a file holds.
+    std::optional<int> shownFrame_; // that the views know of
+    int lastFrame_ = 0;             // that the window showed of the current series
     std::uint64_t lastRevision_ = 0;
-    std::uint64_t firstRevision_ = 0; // of this image
-    std::uint64_t revision_ = 0;
-    std::uint64_t savedRevision_ = 0;
 
     hostkit::Subscription updates_;
 };

@@ -32,17 +32,19 @@ std::optional<document::Failure> Session::adoptLabels(
     try {
         auto step = std::make_unique<QUndoCommand>(text);
         if (Steps steps = stepsTo(labels); !steps.empty())
-            new LabelCommand(*this, text, std::move(steps), revision_, ++lastRevision_, false, step.get());
+            new LabelCommand(*this, text, std::move(steps), image_->revision, ++lastRevision_, false, step.get());
         if (const auto tags = table ? table_.of(*table) : table_.state(); *tags != *table_.state())
             new TagCommand(*this, text, table_.state(), tags, step.get());
         if (step->childCount() > 0)
-            undo_.push(step.release());
+            undoStack().push(step.release());
     } catch (const std::bad_alloc&) {
         return no_memory("keep the labels that were there");
     }
     if (table)
         markTableSaved(table_.state());
-    markSaved(path, revision_);
+    image_->savedRevision = image_->revision;
+    image_->labelPath = otherWithLabels(path) ? QString() : path; // two series never write into one file
+    emit titleChanged();
     return {};
 }
 
@@ -67,21 +69,22 @@ document::Result<Session::Snapshot> Session::snapshot()
     if (!memory)
         return no_memory("copy the labels for saving");
     std::copy(labels.tags().begin(), labels.tags().end(), reinterpret_cast<std::uint8_t*>(memory.data()));
-    return Snapshot{document::LabelMap(labels.geometry(), std::move(memory)), revision_};
+    return Snapshot{document::LabelMap(labels.geometry(), std::move(memory)), image_->revision, image_};
 }
 
-void Session::markSaved(const QString& path, std::uint64_t revision)
+void Session::markSaved(const QString& path, const Snapshot& saved)
 {
-    if (revision < firstRevision_)
+    const Series series = saved.series.lock();
+    if (!series)
         return;
-    labelPath_ = path;
-    savedRevision_ = revision;
+    series->labelPath = path;
+    series->savedRevision = saved.revision;
     emit titleChanged();
 }
 
 void Session::pushSteps(const QString& text, Steps steps)
 {
-    undo_.push(new LabelCommand(*this, text, std::move(steps), revision_, ++lastRevision_, true));
+    undoStack().push(new LabelCommand(*this, text, std::move(steps), image_->revision, ++lastRevision_, true));
 }
 
 void Session::applySteps(const Steps& steps)
@@ -104,7 +107,7 @@ void Session::showSteps(const Steps& steps)
 
 void Session::setRevision(std::uint64_t revision)
 {
-    revision_ = revision;
+    image_->revision = revision;
     emit titleChanged();
 }
 

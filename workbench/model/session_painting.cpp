@@ -26,6 +26,8 @@ QString Session::paintingRefused(unsigned tag) const
 {
     if (!image_)
         return tr("Open an image to paint on.");
+    if (!showsFrame())
+        return tr("No slice is shown. Choose one in the database, or turn the wheel.");
     if (isTagLocked(tag))
         return tr("%1 is locked. Unlock it to paint with it.").arg(tagTitle(tag));
     return {};

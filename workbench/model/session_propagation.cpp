@@ -19,9 +19,10 @@ QString sizeText(const Strato_2D* frame)
     return QStringLiteral("%1 x %2").arg(width).arg(height);
 }
 
-QString nameOf(const Strato_2D* frame)
+QString titleOfFrame(const Strato_2D* frame)
 {
-    return QString::fromUtf8(frame->Name_Get());
+    const QString number = QString::fromUtf8(frame->Name_Get()).section(QLatin1Char(','), 0, 0); // its place follows
+    return Session::tr("Slice %1").arg(number);
 }
 
 }
@@ -49,10 +50,10 @@ QString Session::propagationRefused(const Strato_2D* from, const Strato_2D* to) 
         return tr("There is no slice to carry tags from or to.");
     if (hostkit::Frame_Size(from) != hostkit::Frame_Size(to))
         return tr("%1 has %2 pixels, %3 has %4: tags can only be carried between slices of the same size.")
-            .arg(nameOf(from), sizeText(from), nameOf(to), sizeText(to));
+            .arg(titleOfFrame(from), sizeText(from), titleOfFrame(to), sizeText(to));
     for (const Strato_2D* frame : {from, to})
         if (!tree_.indexOf(frame))
-            return tr("%1 is no slice of the open image.").arg(nameOf(frame));
+            return tr("%1 is no slice of the open image.").arg(titleOfFrame(frame));
     return {};
 }
 
@@ -76,7 +77,7 @@ bool Session::propagate(const Strato_2D* from, const Strato_2D* to)
 std::unique_ptr<Propagation> Session::propagationOver(int count, int direction)
 {
     const int last = std::clamp(frame() + count * direction, 0, std::max(0, frameCount() - 1));
-    if (!image_ || last == frame())
+    if (!showsFrame() || last == frame())
         return {};
     return propagation(frame(), last);
 }
@@ -96,15 +97,19 @@ std::unique_ptr<Propagation> Session::propagation(int first, int last)
 
 bool Session::adoptPropagation(const Propagation& work)
 {
-    if (!image_ || work.volume() != &image_->volume)
+    const auto of = [&](const Series& series) { return work.volume() == &series->volume; };
+    const auto series = std::ranges::find_if(series_, of);
+    if (series == series_.end())
         return false;
+    showSeries(*series);
     endStroke();
     const int count = std::abs(work.last() - work.first());
     try {
         if (Steps steps = work.steps(image_->labels); !steps.empty()) {
             const QString text = count == 1 ? tr("Propagate to slice %1").arg(work.last() + 1)
                                             : tr("Propagate over %1 slices").arg(count);
-            undo_.push(new LabelCommand(*this, text, std::move(steps), revision_, ++lastRevision_, false));
+            undoStack().push(
+                new LabelCommand(*this, text, std::move(steps), image_->revision, ++lastRevision_, false));
         } else {
             emit message(tr("Nothing was carried over: no pixel had to change."));
         }

@@ -76,14 +76,14 @@ void Session::pushRenamings()
 void Session::pushTags(const QString& text, const TagTable::State& after)
 {
     if (*after != *table_.state())
-        undo_.push(new TagCommand(*this, text, table_.state(), after));
+        undoStack().push(new TagCommand(*this, text, table_.state(), after));
 }
 
 // Words are sent when all is in place. Names that did not get into the host are not told of: whoever asks for names
 // takes a difference between host and table for a name that was typed.
-void Session::showTags(const TagTable::State& state)
+void Session::changeTags(const TagTable::State& from, const TagTable::State& to)
 {
-    const TagTable::Changes changes = table_.show(state);
+    const TagTable::Changes changes = table_.show(table_.changed(from, to));
     if (changes.outOfMemory)
         emit message(tr("There is not enough memory to rename the tag."));
     else if (changes.names)

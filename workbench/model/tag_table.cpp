@@ -54,6 +54,23 @@ TagTable::State TagTable::with(const LabelEntry& entry) const
     return table;
 }
 
+// Rows behind those of the tags are no longer those of one tag each: they come with the file that described them.
+TagTable::State TagTable::changed(const State& from, const State& to) const
+{
+    if (*state_ == *from)
+        return to;
+    const auto rows = static_cast<std::ptrdiff_t>(hostkit::most_tags);
+    auto table = std::make_shared<LabelTable>(state_->begin(), state_->begin() + rows);
+    for (std::size_t tag = 0; tag < hostkit::most_tags; ++tag) {
+        if ((*from)[tag] != (*to)[tag])
+            (*table)[tag] = (*to)[tag];
+    }
+    const bool others = !std::equal(from->begin() + rows, from->end(), to->begin() + rows, to->end());
+    const LabelTable& source = others ? *to : *state_;
+    table->insert(table->end(), source.begin() + rows, source.end());
+    return table;
+}
+
 TagTable::State TagTable::of(const LabelTable& file) const
 {
     auto table = std::make_shared<LabelTable>(*usual_);

@@ -27,6 +27,8 @@ public:
 
     /// The state with another row for one tag.
     State with(const document::LabelEntry& entry) const;
+    /// The state with what differs between two others as it is in the second of them.
+    State changed(const State& from, const State& to) const;
     /// The state that a file describes; tags that it leaves out are as in the beginning.
     State of(const document::LabelTable& file) const;
 

@@ -4,6 +4,7 @@
 #include "workbench/shell/file_dialogs.h"
 #include "workbench/shell/file_names.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace workbench {
@@ -54,6 +55,13 @@ bool Files::refuseWhileBusy()
     return busy();
 }
 
+// What was begun for a series goes on with it, whichever is shown by now; not when it was closed.
+bool Files::returnTo(const Series& series)
+{
+    session_.showSeries(series);
+    return session_.currentSeries() == series;
+}
+
 // --------------------------------------------------------------------------------------------------------- opening
 
 void Files::open(const QStringList& paths)
@@ -68,38 +76,102 @@ void Files::open(const QStringList& paths)
     auto result = std::make_shared<std::optional<Opening>>();
     worker_.start(
         tr("Opening %1").arg(fileName(paths.front())),
-        [files, result](const document::Progress& progress) { result->emplace(document::open(files, progress)); },
-        [this, result] { opened(result); },
+        [files, result](const document::Progress& progress) { result->emplace(document::open_all(files, progress)); },
+        [this, result] {
+            if (!**result)
+                return complain((*result)->failure());
+            adopt(***result);
+        },
         [this, name = fileName(paths.front())](
             const QString& reason) { tell(tr("\"%1\" could not be opened: %2").arg(name, reason)); });
 }
 
-// Asked only now: for a file that cannot be opened there is nothing to give up. The tags stay with the next image.
-void Files::opened(const std::shared_ptr<std::optional<Opening>>& result)
+void Files::adopt(document::OpenedImages& opened)
 {
-    if (!**result)
-        return complain((*result)->failure());
-    whenSaved(&Session::isImageWorkModified, [this, result] { adopt(***result); });
+    const auto count = static_cast<int>(opened.images.size());
+    QStringList notices;
+    if (count > 1)
+        notices << tr("%1 series are open.").arg(count);
+    for (const document::Opened& image : opened.images)
+        for (const std::string& notice : image.notices)
+            notices << QString::fromStdString(count > 1 ? image.volume.series + ": " + notice : notice);
+    QStringList failures;
+    for (const std::string& reason : opened.unreadable)
+        failures << QString::fromStdString(reason);
+    for (const document::Failure& failure : session_.adoptImages(std::move(opened.images)))
+        failures << QString::fromStdString(failure.message);
+    emit said(notices.join(QLatin1Char(' ')));
+    if (!failures.isEmpty())
+        tell(unreadableText(failures));
 }
 
-void Files::adopt(document::Opened& opened)
+// A folder may hold dozens that cannot be read, for a few reasons.
+QString Files::unreadableText(const QStringList& failures)
 {
-    const QString notices = joined({}, opened.notices);
-    if (const auto failure = session_.adoptImage(std::move(opened)))
-        return complain(*failure);
-    emit said(notices);
+    constexpr int most = 5;
+    QString text = failures.mid(0, most).join(QLatin1Char('\n'));
+    if (failures.size() > most)
+        text += QLatin1Char('\n') + tr("%1 more could not be opened.").arg(failures.size() - most);
+    return text;
 }
 
 // -------------------------------------------------------------------------------------- before something is lost
 
-void Files::whenSaved(bool (Session::*modified)() const, std::function<void()> then)
+void Files::closeSeries()
+{
+    if (const Series series = session_.currentSeries())
+        whenSaved(series, [this, series] {
+            session_.showSeries(series);
+            session_.closeSeries();
+        });
+}
+
+void Files::whenNothingIsLost(std::function<void()> then)
 {
     if (busy())
-        whenIdle_ = [this, modified, then = std::move(then)] { whenSaved(modified, then); };
-    else if ((session_.*modified)())
-        askToSave([this, modified, then] { whenSaved(modified, then); }, then);
+        whenIdle_ = [this, then = std::move(then)] { whenNothingIsLost(then); };
     else
+        whenAllAreSaved(session_.series(), [this, then = std::move(then)] { whenRestIsSaved(then); });
+}
+
+void Files::whenAllAreSaved(std::vector<Series> rest, std::function<void()> then)
+{
+    if (rest.empty())
+        return then();
+    const Series next = rest.back();
+    rest.pop_back();
+    whenSaved(next, [this, rest, then] { whenAllAreSaved(rest, then); });
+}
+
+// What the question is about is seen behind it.
+void Files::whenSaved(const Series& series, std::function<void()> then)
+{
+    const auto& open = session_.series();
+    if (busy()) {
+        whenIdle_ = [this, series, then = std::move(then)] { whenSaved(series, then); };
+    } else if (std::ranges::find(open, series) == open.end() || !session_.isModified(*series)) {
         then();
+    } else {
+        session_.showSeries(series);
+        const auto again = [this, series, then] { whenSaved(series, then); };
+        askToSave(unsavedText(), [this, again] { saveWhatIsUnsaved(again); }, then);
+    }
+}
+
+void Files::whenRestIsSaved(std::function<void()> then)
+{
+    if (busy()) {
+        whenIdle_ = [this, then = std::move(then)] { whenRestIsSaved(then); };
+    } else if (!session_.hasImage() && session_.markers().isModified()) {
+        const auto again = [this, then] { whenRestIsSaved(then); };
+        askToSave(tr("The markers are not saved."), [this, again] { saveMarkersAndThen(again); }, then);
+    } else if (session_.isTableModified()) {
+        const auto again = [this, then] { whenRestIsSaved(then); };
+        askToSave(tr("Names, colours and thresholds of the tags are not saved."), [this, again] { saveTable(again); },
+            then);
+    } else {
+        then();
+    }
 }
 
 QString Files::unsavedText() const
@@ -107,24 +179,20 @@ QString Files::unsavedText() const
     const bool labels = session_.areLabelsModified(), markers = session_.markers().isModified();
     if (labels && markers)
         return tr("The labels and the markers of \"%1\" are not saved.").arg(session_.imageName());
-    if (labels)
-        return tr("The labels of \"%1\" are not saved.").arg(session_.imageName());
-    if (markers && session_.isTableModified())
-        return tr("The markers, and names, colours and thresholds of the tags, are not saved.");
-    return markers ? tr("The markers are not saved.") : tr("Names, colours and thresholds of the tags are not saved.");
+    return labels ? tr("The labels of \"%1\" are not saved.").arg(session_.imageName())
+                  : tr("The markers of \"%1\" are not saved.").arg(session_.imageName());
 }
 
-void Files::askToSave(const std::function<void()>& saved, const std::function<void()>& discarded)
+void Files::askToSave(
+    const QString& text, const std::function<void()>& save, const std::function<void()>& discarded)
 {
-    const bool labels = session_.areLabelsModified();
-    auto* box = messageBox(QMessageBox::Question, unsavedText());
-    box->setInformativeText(labels ? tr("Without saving, what was painted since the last time is lost.")
-                                   : tr("Without saving, what was changed since the last time is lost."));
+    auto* box = messageBox(QMessageBox::Question, text);
+    box->setInformativeText(tr("Without saving, what was done since the last time is lost."));
     box->setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
     box->setDefaultButton(QMessageBox::Save);
-    connect(box, &QMessageBox::finished, this, [this, saved, discarded](int button) {
+    connect(box, &QMessageBox::finished, this, [save, discarded](int button) {
         if (button == QMessageBox::Save)
-            saveWhatIsUnsaved(saved);
+            save();
         else if (button == QMessageBox::Discard)
             discarded();
     });
@@ -194,9 +262,13 @@ QString besideImage(const Session& session, const QString& ending)
 
 }
 
+// Series of one folder may have the same name.
 QString usualLabelPath(const Session& session)
 {
-    return besideImage(session, QStringLiteral("-labels.nii.gz"));
+    QString path = besideImage(session, QStringLiteral("-labels.nii.gz"));
+    for (int number = 2; session.otherWithLabels(path); ++number)
+        path = besideImage(session, QStringLiteral("-%1-labels.nii.gz").arg(number));
+    return path;
 }
 
 QString usualMarkerPath(const Session& session)

@@ -39,7 +39,7 @@ public:
     void chooseFolder();
     void chooseLabels();
     void chooseTable();
-    void open(const QStringList& paths); ///< an image, or the markers of the one that is open
+    void open(const QStringList& paths); ///< images, or the markers of the one that is shown
     void openLabels(const QString& path);
     void openTable(const QString& path);
 
@@ -48,7 +48,7 @@ public:
     void saveAs() { chooseTarget({}); }
     void saveTableAs() { chooseTableTarget({}); }
 
-    /// Saves to this file, refused when it is the image's own, and to the table beside it when there is something to
+    /// Saves to this file, refused when it is an image's or another series' label map, and to the table beside it when there is something to
     /// say. @param then  called when they are saved
     void saveTo(const QString& path, std::function<void()> then = {});
 
@@ -67,9 +67,12 @@ public:
     void chooseHistogramTarget(HistogramPanel& histogram);
     void exportHistogramTo(HistogramPanel& histogram, const QString& path);
 
-    /// Calls `then` once nothing is being read or written and the user has saved what is unsaved or given it up; never
-    /// when the user goes back.
-    void whenNothingIsLost(std::function<void()> then) { whenSaved(&Session::isModified, std::move(then)); }
+    /// Closes the current series once the user has saved what is unsaved of it or given it up.
+    void closeSeries();
+
+    /// Calls `then` once nothing is being read or written and the user has saved what is unsaved of any series or given
+    /// it up; never when the user goes back.
+    void whenNothingIsLost(std::function<void()> then);
 
     /// Tells something that the user must not miss.
     void tell(const QString& text);
@@ -78,18 +81,22 @@ signals:
     void said(const QString& text); ///< for the status bar
 
 private:
-    using Opening = document::Result<document::Opened>;
+    using Opening = document::Result<document::OpenedImages>;
+    using Series = Session::Series;
 
     enum class Table { written, kept, needless }; // what happens to the one beside a label map
     struct Labels;
     struct Saving;
 
     bool refuseWhileBusy();
-    void opened(const std::shared_ptr<std::optional<Opening>>& result);
-    void adopt(document::Opened& opened);
-    /// @param modified  what tells whether there is anything to save
-    void whenSaved(bool (Session::*modified)() const, std::function<void()> then);
-    void askToSave(const std::function<void()>& saved, const std::function<void()>& discarded);
+    bool returnTo(const Series& series);
+    void adopt(document::OpenedImages& opened);
+    void whenSaved(const Series& series, std::function<void()> then);
+    void whenAllAreSaved(std::vector<Series> rest, std::function<void()> then);
+    void whenRestIsSaved(std::function<void()> then);
+    void askToSave(
+        const QString& text, const std::function<void()>& save, const std::function<void()>& discarded);
+    void saveTable(const std::function<void()>& then);
     void saveWhatIsUnsaved(const std::function<void()>& then);
     void saveAndThen(const std::function<void()>& then);
     void chooseTarget(const std::function<void()>& then);
@@ -99,6 +106,7 @@ private:
     void saveMarkersAndThen(const std::function<void()>& then);
     void chooseMarkersTarget(const std::function<void()>& then);
     QString unsavedText() const;
+    static QString unreadableText(const QStringList& failures);
 
     void labelsOpened(const QString& path, const Labels& opened);
     void askToReplaceTable(const QString& labels, const std::function<void()>& then);

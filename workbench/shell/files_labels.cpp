@@ -66,7 +66,10 @@ void Files::openLabels(const QString& path)
             if (*opened->map && isThere(opened->tablePath))
                 opened->table.emplace(document::load_label_table(opened->tablePath));
         },
-        [this, path, opened] { labelsOpened(path, *opened); },
+        [this, path, opened, series = session_.currentSeries()] {
+            if (returnTo(series))
+                labelsOpened(path, *opened);
+        },
         [this, path](
             const QString& reason) { tell(tr("\"%1\" could not be opened: %2").arg(fileName(path), reason)); });
 }
@@ -131,33 +134,41 @@ void Files::saveAndThen(const std::function<void()>& then)
         saveTo(session_.labelPath(), then);
 }
 
-// Labels that are safe already need not be written again for the sake of a name.
 void Files::saveWhatIsUnsaved(const std::function<void()>& then)
 {
-    const std::function<void()> next =
-        session_.markers().isModified() ? [this, then] { saveMarkersAndThen(then); } : then;
+    const auto next = [this, then, series = session_.currentSeries()] {
+        if (returnTo(series) && session_.markers().isModified())
+            saveMarkersAndThen(then);
+        else
+            then();
+    };
     if (session_.areLabelsModified())
-        return saveAndThen(next);
-    if (!session_.isTableModified())
-        return next();
-    const Path beside = document::label_table_path(systemPath(session_.labelPath()));
-    if (session_.labelPath().isEmpty() || isForeign(beside))
-        chooseTableTarget(next);
+        saveAndThen(next);
     else
-        saveTableTo(userPath(beside), next);
+        next();
 }
 
-// By name or, under another name, by being the same file; the image's own may be gone by now.
+// Labels that are safe already need not be written again for the sake of a name.
+void Files::saveTable(const std::function<void()>& then)
+{
+    const Path beside = document::label_table_path(systemPath(session_.labelPath()));
+    if (session_.labelPath().isEmpty() || isForeign(beside))
+        chooseTableTarget(then);
+    else
+        saveTableTo(userPath(beside), then);
+}
+
+// By name or, under another name, by being the same file; an image's own may be gone by now.
 bool Files::isImageFile(const QString& path) const
 {
     const QFileInfo target(path);
-    for (const QString& file : session_.imageFiles()) {
-        const QFileInfo image(file);
-        if (target.absoluteFilePath() == image.absoluteFilePath() ||
-            (target.exists() && target.canonicalFilePath() == image.canonicalFilePath()))
-            return true;
-    }
-    return false;
+    const auto is = [&](const std::string& file) {
+        const QFileInfo image(QString::fromStdString(file));
+        return target.absoluteFilePath() == image.absoluteFilePath() ||
+               (target.exists() && target.canonicalFilePath() == image.canonicalFilePath());
+    };
+    return std::ranges::any_of(
+        session_.series(), [&](const Series& series) { return std::ranges::any_of(series->volume.files, is); });
 }
 
 bool Files::isOwn(const Path& table) const
@@ -175,8 +186,12 @@ void Files::saveTo(const QString& path, std::function<void()> then)
     if (!session_.hasImage() || refuseWhileBusy())
         return;
     if (isImageFile(path)) {
-        return tell(tr("\"%1\" is the open image itself; the labels would take its place. Choose another name.")
+        return tell(tr("\"%1\" is an open image itself; the labels would take its place. Choose another name.")
                         .arg(fileName(path)));
+    }
+    if (const OpenSeries* other = session_.otherWithLabels(path)) {
+        return tell(tr("\"%1\" holds the labels of \"%2\", which is open too. Choose another name.")
+                        .arg(fileName(path), Session::nameOf(other)));
     }
     const Path table = document::label_table_path(systemPath(path));
     if (!session_.needsTable() && !isOwn(table))
@@ -237,7 +252,7 @@ void Files::labelsSaved(const QString& path, const Saving& saving, const std::fu
 {
     if (saving.failure)
         return complain(*saving.failure);
-    session_.markSaved(path, saving.labels.revision);
+    session_.markSaved(path, saving.labels);
     const QString text = tr("Labels saved to \"%1\".").arg(fileName(path));
     if (!saving.tableNotices) {
         emit said(text);

@@ -30,10 +30,11 @@ void Files::openMarkers(const QString& path)
     worker_.start(
         tr("Opening %1").arg(fileName(path)),
         [from = systemPath(path), file](const document::Progress&) { file->emplace(document::load_markers(from)); },
-        [this, path, file] {
+        [this, path, file, series = session_.currentSeries()] {
             if (!**file)
                 return complain((*file)->failure());
-            markersOpened(path, ***file);
+            if (returnTo(series))
+                markersOpened(path, ***file);
         },
         [this, path](
             const QString& reason) { tell(tr("\"%1\" could not be opened: %2").arg(fileName(path), reason)); });
@@ -73,7 +74,7 @@ void Files::saveMarkersTo(const QString& path, std::function<void()> then)
     if (refuseWhileBusy())
         return;
     if (isImageFile(path)) {
-        return tell(tr("\"%1\" is the open image itself; the markers would take its place. Choose another name.")
+        return tell(tr("\"%1\" is an open image itself; the markers would take its place. Choose another name.")
                         .arg(fileName(path)));
     }
     using Notices = document::Result<std::vector<std::string>>;

@@ -30,7 +30,7 @@ HistogramPanel::HistogramPanel(Session& session)
 {
     updates_ = hostkit::On_Update([this](unsigned long long flags) { hostChanged(flags); });
     connect(&session, &Session::thresholdsChanged, this, &HistogramPanel::showRanges);
-    connect(&session, &Session::imageChanged, this, [this] { newImage_ = true; });
+    connect(&session, &Session::imageOpened, this, [this] { newImage_ = true; });
 }
 
 void HistogramPanel::hostChanged(unsigned long long flags)

@@ -1,5 +1,6 @@
 #include "workbench/shell/main_window.h"
 
+#include "workbench/shell/database_dock.h"
 #include "workbench/shell/menus.h"
 #include "workbench/shell/opacity_row.h"
 #include "workbench/shell/status_line.h"
@@ -22,11 +23,12 @@ namespace workbench {
 
 MainWindow::MainWindow(Session& session)
     : session_(session), files_(session, *this), view_(new ImageView(session)), slices_(new QSlider(Qt::Horizontal)),
-      splitter_(new QSplitter), column_(new ToolColumn), opacity_(new OpacityRow), status_(new StatusLine)
+      splitter_(new QSplitter), database_(new DatabaseDock(session)), column_(new ToolColumn), opacity_(new OpacityRow), status_(new StatusLine)
 {
+    splitter_->addWidget(database_);
     splitter_->addWidget(column_);
     splitter_->addWidget(makeViewSide());
-    splitter_->setStretchFactor(1, 1);
+    splitter_->setStretchFactor(2, 1);
     splitter_->setChildrenCollapsible(false);
     splitter_->setHandleWidth(theme::smallSpacing);
     setCentralWidget(splitter_);
@@ -49,6 +51,7 @@ MainWindow::MainWindow(Session& session)
     connect(&reports_, &Reports::reported, this, &MainWindow::showReport);
     connectFiles();
     connectSession();
+    connectDatabase();
     showTitle();
     showFrames();
     opacity_->setOpacity(session.overlayOpacity());
@@ -104,6 +107,17 @@ void MainWindow::connectSession()
     });
 }
 
+void MainWindow::connectDatabase()
+{
+    menus_->addToView(database_->toggleAction());
+    connect(database_, &DatabaseDock::rowsLeftOut, this, [this](int count) {
+        files_.tell(
+            tr("The database cannot list everything that is open: %1 rows are left out. Close series to see them.")
+                .arg(count));
+    });
+    database_->followWidth(width());
+}
+
 // ------------------------------------------------------------------------------------------------- showing the state
 
 void MainWindow::showTitle()
@@ -113,8 +127,10 @@ void MainWindow::showTitle()
     if (session_.hasImage()) {
         const QString path = session_.labelPath();
         parts << session_.imageName();
-        if (!path.isEmpty() || session_.isModified())
+        if (!path.isEmpty() || session_.isImageWorkModified() || session_.isTableModified())
             parts << (path.isEmpty() ? unsavedWork() : QFileInfo(path).fileName()) + QStringLiteral("[*]");
+        else if (session_.isModified()) // another series
+            parts.back() += QStringLiteral("[*]");
     } else if (session_.isModified()) {
         parts << tr("tags") + QStringLiteral("[*]");
     }
@@ -173,8 +189,10 @@ void MainWindow::editTag()
 void MainWindow::setInterfaceSize(int percent)
 {
     theme::setInterfaceSize(percent);
-    splitter_->setSizes({column_->sizeHint().width() * percent / 100, width()});
+    const auto scaled = [percent](const QWidget* side) { return side->sizeHint().width() * percent / 100; };
+    splitter_->setSizes({scaled(database_), scaled(column_), width()});
     panels_->layOut();
+    database_->layOut();
 }
 
 // ------------------------------------------------------------------------------------------------------------ events
@@ -189,6 +207,12 @@ void MainWindow::closeEvent(QCloseEvent* event)
         mayClose_ = true;
         close();
     });
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    database_->followWidth(width());
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

@@ -15,6 +15,7 @@ class QSplitter;
 
 namespace workbench {
 
+class DatabaseDock;
 class Menus;
 class OpacityRow;
 class StatusLine;
@@ -33,6 +34,7 @@ public:
     ImageView& view() { return *view_; }
     ToolPanels& panels() { return *panels_; }
     StatusLine& statusLine() { return *status_; }
+    DatabaseDock& database() { return *database_; }
 
     /// @param percent  100 to 200
     void setInterfaceSize(int percent);
@@ -43,11 +45,13 @@ protected:
     void dropEvent(QDropEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QWidget* makeViewSide();
     void connectFiles();
     void connectSession();
+    void connectDatabase();
     void showTitle();
     QString unsavedWork() const;
     void showFrames();
@@ -62,6 +66,7 @@ private:
     ImageView* view_;
     QSlider* slices_;
     QSplitter* splitter_;
+    DatabaseDock* database_;
     ToolColumn* column_;
     OpacityRow* opacity_;
     StatusLine* status_;

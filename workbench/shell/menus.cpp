@@ -42,6 +42,7 @@ void Menus::addFileMenu()
     QMenu& menu = *window_.menuBar()->addMenu(tr("&File"));
     add(menu, tr("&Open image..."), QKeySequence::Open, [this] { files_.chooseImage(); });
     add(menu, tr("Open &folder..."), tr("Ctrl+Shift+O"), [this] { files_.chooseFolder(); });
+    needImage_ << add(menu, tr("&Close series"), QKeySequence(tr("Ctrl+W")), [this] { files_.closeSeries(); });
     menu.addSeparator();
     needImage_ << add(menu, tr("Open &label map..."), tr("Ctrl+L"), [this] { files_.chooseLabels(); });
     needImage_ << add(menu, tr("&Save label map"), QKeySequence::Save, [this] { files_.save(); });
@@ -56,8 +57,8 @@ void Menus::addFileMenu()
 void Menus::addEditMenu()
 {
     QMenu& menu = *window_.menuBar()->addMenu(tr("&Edit"));
-    QAction* undo = session_.undoStack().createUndoAction(this, tr("&Undo"));
-    QAction* redo = session_.undoStack().createRedoAction(this, tr("&Redo"));
+    QAction* undo = session_.undoGroup().createUndoAction(this, tr("&Undo"));
+    QAction* redo = session_.undoGroup().createRedoAction(this, tr("&Redo"));
     undo->setShortcut(QKeySequence(tr("Ctrl+Z")));
     redo->setShortcut(QKeySequence(tr("Ctrl+Shift+Z")));
     menu.addAction(undo);
@@ -93,6 +94,7 @@ void Menus::addViewMenu()
 {
     constexpr double opacityStep = 0.1;
     QMenu& menu = *window_.menuBar()->addMenu(tr("&View"));
+    viewMenu_ = &menu;
     needImage_ << add(menu, tr("Zoom &in"), QKeySequence::ZoomIn, [this] { view_.zoomIn(); });
     needImage_ << add(menu, tr("Zoom &out"), QKeySequence::ZoomOut, [this] { view_.zoomOut(); });
     needImage_ << add(menu, tr("&Fit into the window"), tr("0"), [this] { view_.fit(); });
@@ -107,6 +109,11 @@ void Menus::addViewMenu()
         [this] { session_.setOverlayOpacity(session_.overlayOpacity() - opacityStep); });
     menu.addSeparator();
     addSizeMenu(menu);
+}
+
+void Menus::addToView(QAction* action)
+{
+    viewMenu_->addAction(action);
 }
 
 void Menus::addSizeMenu(QMenu& view)

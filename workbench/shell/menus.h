@@ -18,6 +18,9 @@ class Menus final : public QObject {
 public:
     Menus(QMainWindow& window, Session& session, Files& files, ImageView& view);
 
+    /// Puts an entry at the end of the View menu.
+    void addToView(QAction* action);
+
 signals:
     void interfaceSizeChosen(int percent);
     void tagEditChosen();
@@ -43,6 +46,7 @@ private:
     Session& session_;
     Files& files_;
     ImageView& view_;
+    QMenu* viewMenu_ = nullptr;
     QAction* edit_ = nullptr;
     QAction* lock_ = nullptr;
     QList<QAction*> needImage_;

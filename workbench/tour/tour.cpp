@@ -31,6 +31,8 @@ constexpr Step steps[] = {
     {"window", &TourSteps::changeWindow},
     {"zoom", &TourSteps::zoom},
     {"save", &TourSteps::save},
+    {"browse", &TourSteps::browse},
+    {"select-all", &TourSteps::selectAll},
     {"peaks", &TourSteps::fitPeaks},
     {"export", &TourSteps::exportHistogram},
     {"graph", &TourSteps::openGraph},

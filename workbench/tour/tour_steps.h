@@ -39,6 +39,8 @@ public:
     QString changeWindow();
     QString zoom();
     QString save();
+    QString browse();    ///< folds the database and chooses a slice in it
+    QString selectAll(); ///< in its list of files
     QString fitPeaks();
     QString exportHistogram(); ///< beside the label map
     QString openGraph();

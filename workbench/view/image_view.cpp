@@ -102,7 +102,7 @@ void ImageView::showOutline()
 
 std::optional<Voxel> ImageView::voxelAt(QPointF position) const
 {
-    if (!session_.hasImage())
+    if (!session_.showsFrame())
         return {};
     const QPoint pixel = pixelAt(position);
     const Voxel voxel{pixel.x(), pixel.y(), session_.frame()};
@@ -164,7 +164,7 @@ void ImageView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     painter.fillRect(event->rect(), palette().color(QPalette::Window));
-    if (!session_.hasImage())
+    if (!session_.showsFrame())
         return paintEmpty(painter);
     painter.save();
     painter.setTransform(place_.transform(), true);
@@ -180,7 +180,8 @@ void ImageView::paintEmpty(QPainter& painter) const
 {
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(rect().adjusted(16, 16, -16, -16), Qt::AlignCenter | Qt::TextWordWrap,
-        tr("Open an image: Ctrl+O, or drop a file here"));
+        session_.hasImage() ? tr("Nothing is selected: choose slices in the database, or turn the wheel")
+                            : tr("Open an image: Ctrl+O, or drop a file here"));
 }
 
 void ImageView::paintOutline(QPainter& painter) const
@@ -205,7 +206,7 @@ QColor ImageView::outlineColour() const
 
 QRect ImageView::outlineRect() const
 {
-    if (!pointer_ || !session_.hasImage())
+    if (!pointer_ || !session_.showsFrame())
         return {};
     return grown(place_.transform().mapRect(QRectF(outline().box(pixelAt(*pointer_)))), 3);
 }

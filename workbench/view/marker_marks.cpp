@@ -48,6 +48,8 @@ std::vector<MarkerMark> marker_marks(const Session& session, const ViewTransform
 {
     const Markers& markers = session.markers();
     std::vector<MarkerMark> marks;
+    if (!session.showsFrame())
+        return marks;
     for (unsigned marker = 0; marker < markers.count(); ++marker) {
         const auto where = markers.at(marker).enabled ? markers.place(marker) : std::nullopt;
         if (!where || where->frame != session.frame())

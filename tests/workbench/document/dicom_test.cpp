@@ -1,5 +1,6 @@
 #include "tests/workbench/document/fixtures.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
 
 using namespace document;
@@ -256,4 +257,98 @@ TEST(Dicom, DamagedFrameOfASeriesIsNamed)
     write_file(folder / "a1", bytes.substr(0, bytes.size() - 10));
     const auto message = message_of(document::open({folder / "a0"}));
     EXPECT_NE(message.find("\"a1\" is cut off"), std::string::npos) << message;
+}
+
+// ----------------------------------------------------------------------------------------------- several series at once
+
+TEST(OpenAll, OfAFolderEverySeriesIsOpenedInTheOrderOfNumbers)
+{
+    const Folder folder;
+    Dicom axial, coronal;
+    axial.more[0x00200011] = {"IS", "7 "};
+    coronal.series_uid = "1.2.4";
+    coronal.series = "Coronal";
+    coronal.more[0x00200011] = {"IS", "2 "};
+    write_series(folder, axial, {10, 0, 5}, "a");
+    write_series(folder, coronal, {0, 1}, "b");
+    write_file(folder / "notes.txt", "no image");
+    const auto opened = document::open_all({folder.path()});
+    ASSERT_TRUE(opened) << opened.failure().message;
+    ASSERT_EQ(opened->images.size(), 2u);
+    EXPECT_EQ(opened->images[0].volume.series, "Coronal");
+    EXPECT_EQ(opened->images[0].volume.series_number, 2);
+    EXPECT_EQ(first_values(opened->images[1].volume), (std::vector<double>{0, 50, 100}));
+    EXPECT_TRUE(opened->images[1].notices.empty());
+    EXPECT_TRUE(opened->unreadable.empty());
+}
+
+TEST(OpenAll, WhatCannotBeReadKeepsNothingElseAway)
+{
+    const Folder folder;
+    write_series(folder, {}, {0, 1}, "a");
+    Dicom damaged;
+    damaged.series_uid = "1.2.4";
+    damaged.pixels = "short";
+    write_dicom(folder / "b", damaged);
+    const auto opened = document::open_all({folder.path()});
+    ASSERT_TRUE(opened) << opened.failure().message;
+    EXPECT_EQ(opened->images.size(), 1u);
+    ASSERT_EQ(opened->unreadable.size(), 1u);
+    EXPECT_NE(opened->unreadable[0].find("\"b\""), std::string::npos) << opened->unreadable[0];
+}
+
+TEST(OpenAll, FilesOfSeveralSeriesAreSortedIntoThem)
+{
+    const Folder folder;
+    write_series(folder, {}, {0, 1, 2}, "a");
+    Dicom other;
+    other.series_uid = "1.2.4";
+    write_series(folder, other, {0, 1}, "b");
+    const auto opened = document::open_all({folder / "b1", folder / "a0", folder / "a2", folder / "missing"});
+    ASSERT_TRUE(opened) << opened.failure().message;
+    ASSERT_EQ(opened->images.size(), 2u);
+    EXPECT_EQ(opened->images[0].volume.frame_count() + opened->images[1].volume.frame_count(), 3);
+    EXPECT_EQ(opened->unreadable.size(), 1u);
+}
+
+TEST(OpenAll, FailsWhenThereIsNothingToShow)
+{
+    const Folder folder;
+    EXPECT_FALSE(document::open_all({}));
+    EXPECT_FALSE(document::open_all({folder.path()}));
+    EXPECT_FALSE(document::open_all({folder / "missing"}));
+    write_series(folder, {}, {0, 1}, "a");
+    std::atomic<bool> cancelled = true;
+    document::Progress progress;
+    progress.cancelled = &cancelled;
+    const auto stopped = document::open_all({folder.path()}, progress);
+    ASSERT_FALSE(stopped);
+    EXPECT_TRUE(stopped.failure().cancelled);
+}
+
+TEST(Dicom, TellsTheStudyAndScouts)
+{
+    const Folder folder;
+    Dicom dicom;
+    dicom.more[0x0020000D] = {"UI", std::string("1.2.99\0", 7) + '\0'};
+    dicom.more[0x00080020] = {"DA", "20240531"};
+    dicom.more[0x00200011] = {"IS", "12"};
+    dicom.more[0x00080008] = {"CS", "ORIGINAL\\PRIMARY\\LOCALIZER "};
+    write_dicom(folder / "scout", dicom);
+    const auto opened = document::open({folder / "scout"});
+    ASSERT_TRUE(opened) << message_of(opened);
+    EXPECT_EQ(opened->volume.study_uid, "1.2.99");
+    EXPECT_EQ(opened->volume.series_uid, "1.2.3");
+    EXPECT_EQ(opened->volume.study_date, "2024-05-31");
+    EXPECT_EQ(opened->volume.series_number, 12);
+    ASSERT_EQ(opened->volume.frames.size(), 1u);
+    EXPECT_TRUE(opened->volume.frames[0].is_scout);
+
+    dicom.more[0x00080008] = {"CS", "DERIVED\\PRIMARY "};
+    dicom.more[0x00080020] = {"DA", "2024.05."};
+    write_dicom(folder / "scout", dicom);
+    const auto other = document::open({folder / "scout"});
+    ASSERT_TRUE(other) << message_of(other);
+    EXPECT_EQ(other->volume.study_date, "");
+    EXPECT_FALSE(other->volume.frames[0].is_scout);
 }

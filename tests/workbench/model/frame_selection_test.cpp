@@ -22,19 +22,19 @@ namespace {
 class Selection : public test::SessionTest {
 protected:
     // "11000" when the first two of five are selected.
-    static std::string selected()
+    static std::string selected(int index = 0)
     {
         std::string text;
-        const Strato_2D* series = hostkit::Root_2D()->Child_Get_Pt(0);
+        const Strato_2D* series = series_in_tree(index);
         for (int z = 0; z < series->Child_Get_Nb(); ++z)
             text += series->Child_Get_Pt(z)->Flag_Get_Bit(16, display_state(), 512) ? '1' : '0';
         return text;
     }
 
     // As a panel does it.
-    static void select(const std::string& wanted)
+    static void select(const std::string& wanted, int index = 0)
     {
-        const Strato_2D* series = hostkit::Root_2D()->Child_Get_Pt(0);
+        const Strato_2D* series = series_in_tree(index);
         for (int z = 0; z < series->Child_Get_Nb(); ++z) {
             if (wanted.at(static_cast<std::size_t>(z)) == '1')
                 series->Child_Get_Pt(z)->Flag_Set_On(16, display_state(), 512);
@@ -68,8 +68,9 @@ TEST_F(Selection, AnImageStartsWithAllFrames)
     selection.chooseShown();
     open(4, 4, 3);
     EXPECT_EQ(selection.choice(), Choice::all);
+    EXPECT_EQ(selected(), "00000");
     session.setFrame(0);
-    EXPECT_EQ(selected(), "111") << "the choice for another image is forgotten";
+    EXPECT_EQ(selected(1), "111") << "the choice for another image is forgotten";
 }
 
 TEST_F(Selection, TheShownFrameIsFollowed)
@@ -191,6 +192,19 @@ TEST_F(Selection, OfAPictureIsAll)
     EXPECT_EQ(selection.choice(), Choice::all);
     selection.chooseRange(0, 0);
     EXPECT_EQ(selection.choice(), Choice::all);
+}
+
+TEST_F(Selection, MayGoOverSeveralSeries)
+{
+    open(4, 4, 5);
+    open(4, 4, 3);
+    select("00011");
+    EXPECT_EQ(selection.choice(), Choice::other);
+    EXPECT_EQ(selection.count(), 5);
+    EXPECT_EQ(selection.last(), 2) << "of the one that is shown";
+    selection.chooseRange(0, 1);
+    EXPECT_EQ(selected(), "00000");
+    EXPECT_EQ(selected(1), "110");
 }
 
 }

@@ -451,13 +451,21 @@ TEST_F(Markers, AnotherImageBeginsWithoutAny)
     EXPECT_EQ(markers.current(), 0u);
     EXPECT_FALSE(markers.isSet(0));
     EXPECT_EQ(markers.name(1), "");
-    EXPECT_FALSE(session.isModified());
+    EXPECT_FALSE(session.isImageWorkModified());
     EXPECT_EQ(markers.path(), "");
     EXPECT_EQ(steps(), 0);
     EXPECT_GT(told.size(), 0);
-    markers.markSaved("/tmp/late.mrk.json", saving); // it belonged to the image before
+    EXPECT_TRUE(session.isModified());
+    markers.markSaved("/tmp/late.mrk.json", saving); // it belongs to the image before
     EXPECT_EQ(markers.path(), "");
     EXPECT_FALSE(session.isModified());
+    session.showSeries(session.series()[0]);
+    EXPECT_EQ(markers.path(), "/tmp/late.mrk.json");
+    EXPECT_EQ(markers.count(), 8u);
+    EXPECT_EQ(markers.name(1), "Nasion");
+    EXPECT_TRUE(markers.isSet(5));
+    undo();
+    EXPECT_EQ(markers.name(1), "");
 }
 
 TEST(MarkersWithoutImage, CanBeNamedButLieNowhere)

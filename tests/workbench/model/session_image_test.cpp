@@ -8,7 +8,7 @@ namespace {
 class SessionImage : public test::SessionTest {
 protected:
     static Strato_Window* window() { return hostkit::Object_Variable<Strato_Window>("$WINDOW_CUR"); }
-    static Strato_2D* series() { return hostkit::Root_2D()->Child_Get_Pt(0); }
+    static Strato_2D* series() { return series_in_tree(); }
     static Strato_2D* shown() { return hostkit::Array_Variable<Strato_2D*>("$FRAME_CUR")[window()->Class_B_Get()]; }
 };
 
@@ -31,7 +31,11 @@ TEST_F(SessionImage, OpeningBuildsItsFaceInTheHost)
 {
     open(8, 6, 5);
     ASSERT_EQ(hostkit::Root_2D()->Child_Get_Nb(), 1);
+    EXPECT_STREQ(series()->Parent_Get_Pt()->Title_Get(), "Study");
+    EXPECT_STREQ(series()->Parent_Get_Pt()->Name_Get(), "images");
+    EXPECT_STREQ(series()->Title_Get(), "Series");
     EXPECT_STREQ(series()->Name_Get(), "Made");
+    EXPECT_STREQ(series()->Child_Get_Pt(4)->Name_Get(), "5, 4 mm");
     ASSERT_EQ(series()->Child_Get_Nb(), 5);
     for (int z = 0; z < 5; ++z) {
         EXPECT_EQ(series()->Child_Get_Pt(z)->Class_Magic_Get(), 0xAABAu);
@@ -52,26 +56,28 @@ TEST_F(SessionImage, PanelsHearOfItWhenEverythingIsInPlace)
     bool complete = false;
     const auto panel = hostkit::On_Update([&](unsigned long long flags) {
         if (flags == 0x402)
-            complete = session.volume().width() == 20 && hostkit::Root_2D()->Child_Get_Nb() == 1 &&
-                       series()->Child_Get_Nb() == 3 && shown() == series()->Child_Get_Pt(1);
+            complete = session.volume().width() == 20 && series_in_tree(1)->Child_Get_Nb() == 3 &&
+                       shown() == series_in_tree(1)->Child_Get_Pt(1);
     });
     open(20, 6, 3);
     EXPECT_TRUE(complete);
 }
 
-TEST_F(SessionImage, AnotherOneReplacesItsFrames)
+TEST_F(SessionImage, AnotherOneIsShownBesideIt)
 {
     open(8, 6, 5);
     session.setPointer(QPointF(1, 1));
     paint({3, 3});
     open(20, 10, 3);
-    EXPECT_EQ(hostkit::Root_2D()->Child_Get_Nb(), 1);
-    EXPECT_EQ(series()->Child_Get_Nb(), 3);
+    EXPECT_EQ(hostkit::Root_2D()->Child_Get_Nb(), 1) << "one folder, one study";
+    EXPECT_EQ(series()->Child_Get_Nb(), 5);
+    EXPECT_EQ(series_in_tree(1)->Child_Get_Nb(), 3);
     EXPECT_EQ(session.frame(), 1);
     EXPECT_EQ(hostkit::Object_Variable<Strato_2D>("$FRAME_OVR"), nullptr);
     EXPECT_EQ(session.labels().tags().size(), 600u);
     EXPECT_EQ(painted(0), 600u);
-    EXPECT_FALSE(session.isModified());
+    EXPECT_TRUE(session.isModified());
+    EXPECT_FALSE(session.isImageWorkModified());
     EXPECT_EQ(session.undoStack().count(), 0);
 }
 

@@ -163,7 +163,7 @@ TEST_F(SessionPainting, TellsWhatChanged)
 TEST_F(SessionPainting, ModifiedIsExactThroughSavingAndUndo)
 {
     paint({20, 20});
-    session.markSaved("/tmp/a.nrrd", session.snapshot()->revision);
+    session.markSaved("/tmp/a.nrrd", *session.snapshot());
     EXPECT_FALSE(session.isModified());
     EXPECT_EQ(session.labelPath(), "/tmp/a.nrrd");
     session.undoStack().undo();
@@ -185,7 +185,7 @@ TEST_F(SessionPainting, PaintingWhileSavingStaysUnsaved)
     paint({40, 20});
     EXPECT_EQ(saved->labels.at(40, 20, session.frame()), 0);
     EXPECT_EQ(saved->labels.at(20, 20, session.frame()), 3);
-    session.markSaved("/tmp/a.nrrd", saved->revision);
+    session.markSaved("/tmp/a.nrrd", *saved);
     EXPECT_TRUE(session.isModified());
     session.undoStack().undo();
     EXPECT_FALSE(session.isModified());
@@ -197,17 +197,18 @@ TEST_F(SessionPainting, ASnapshotEndsTheStroke)
     const auto saved = session.snapshot();
     EXPECT_FALSE(session.isPainting());
     EXPECT_EQ(saved->labels.at(20, 20, session.frame()), 3);
-    session.markSaved("/tmp/a.nrrd", saved->revision);
+    session.markSaved("/tmp/a.nrrd", *saved);
     EXPECT_FALSE(session.isModified());
 }
 
 TEST_F(SessionPainting, SavedLabelsOfAnImageThatIsGoneCountForNothing)
 {
     paint({20, 20});
-    const auto revision = session.snapshot()->revision;
+    const auto saved = session.snapshot();
+    session.closeSeries();
     open(10, 10, 2);
     paint({5, 5});
-    session.markSaved("/tmp/a.nrrd", revision);
+    session.markSaved("/tmp/a.nrrd", *saved);
     EXPECT_TRUE(session.isModified());
     EXPECT_TRUE(session.labelPath().isEmpty());
 }

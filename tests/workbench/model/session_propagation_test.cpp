@@ -133,7 +133,7 @@ TEST_F(SessionPropagation, RefusesFramesOfAnotherSizeAndNamesBoth)
 {
     static const std::uint8_t pixels[6 * 4] = {};
     auto* series = hostkit::Object_2D_Add(hostkit::Root_2D(), {"Other", "Series"});
-    auto* foreign = hostkit::Frame_Add(series, {"Slice 9", "Frame"});
+    auto* foreign = hostkit::Frame_Add(series, {"9, 8 mm", "Frame"});
     hostkit::Series_Pixels_Set(series, {hostkit::Pixel_Type::u8, pixels, 6, 4, 1});
     const auto before = tags();
     EXPECT_FALSE(session.propagate(frame(1), foreign));
@@ -148,7 +148,7 @@ TEST_F(SessionPropagation, RefusesFramesOfAnotherImage)
 {
     static const std::uint8_t pixels[64 * 48] = {};
     auto* series = hostkit::Object_2D_Add(hostkit::Root_2D(), {"Other", "Series"});
-    auto* foreign = hostkit::Frame_Add(series, {"Slice 9", "Frame"});
+    auto* foreign = hostkit::Frame_Add(series, {"9, 8 mm", "Frame"});
     hostkit::Series_Pixels_Set(series, {hostkit::Pixel_Type::u8, pixels, 64, 48, 1});
     EXPECT_FALSE(session.propagate(foreign, frame(1)));
     EXPECT_EQ(last_message(), "Slice 9 is no slice of the open image.");
@@ -193,10 +193,11 @@ TEST_F(SessionPropagation, WhatIsPaintedMeanwhileStays)
     EXPECT_EQ(painted_on(3, 3), 0u);
 }
 
-TEST_F(SessionPropagation, TheOutcomeForAnotherImageIsLeft)
+TEST_F(SessionPropagation, TheOutcomeForAnImageThatIsClosedIsLeft)
 {
     const auto work = session.propagationOver(2, 1);
     ASSERT_TRUE(work);
+    session.closeSeries();
     open(20, 20, 5);
     ASSERT_TRUE(work->run({}));
     EXPECT_FALSE(session.adoptPropagation(*work));

@@ -245,7 +245,7 @@ TEST_F(SessionTags, ModifiedIsExactThroughSavingAndUndo)
     paint({10, 10});
     EXPECT_TRUE(session.isModified());
     EXPECT_FALSE(session.isTableModified());
-    session.markSaved("/tmp/a.nrrd", session.snapshot()->revision);
+    session.markSaved("/tmp/a.nrrd", *session.snapshot());
     EXPECT_FALSE(session.isModified());
     undo();
     undo();

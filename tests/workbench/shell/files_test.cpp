@@ -287,23 +287,57 @@ TEST_F(FilesOf, ClosingWhileSavingWaitsForItsEnd)
     EXPECT_EQ(message(), "");
 }
 
-TEST_F(FilesOf, AnotherImageAsksAndCancelKeepsTheFirst)
+TEST_F(FilesOf, ClosingTheSeriesAsksAndCancelKeepsIt)
 {
     openAndPaint();
     const auto before = labels();
-    open(imageFile("second.nii"));
+    driver.key(Qt::Key_W, Qt::ControlModifier);
     waitForMessage();
     answer(QMessageBox::Cancel);
     expectFirstImageUnharmed(before);
 }
 
-TEST_F(FilesOf, AnotherImageAsksAndDiscardShowsIt)
+TEST_F(FilesOf, ClosingTheSeriesAsksAndDiscardShowsTheOther)
 {
-    openAndPaint();
     open(imageFile("second.nii"));
+    openAndPaint();
+    driver.key(Qt::Key_W, Qt::ControlModifier);
     waitForMessage();
     EXPECT_EQ(session.imageName(), "first.nii");
     answer(QMessageBox::Discard);
     EXPECT_EQ(session.imageName(), "second.nii");
     EXPECT_FALSE(session.isModified());
+    driver.key(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(message(), "");
+    EXPECT_FALSE(session.hasImage());
+}
+
+TEST_F(FilesOf, ClosingAsksForEachSeriesWithUnsavedWork)
+{
+    openAndPaint();
+    open(imageFile("second.nii"));
+    open(imageFile("third.nii"));
+    paint();
+    window.close();
+    EXPECT_TRUE(message().contains("third.nii")) << message().toStdString();
+    answer(QMessageBox::Discard);
+    EXPECT_TRUE(message().contains("first.nii")) << message().toStdString();
+    EXPECT_EQ(session.imageName(), "first.nii") << "it is seen behind the question";
+    EXPECT_TRUE(window.isVisible());
+    answer(QMessageBox::Discard);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(FilesOf, TwoSeriesAreNeverSavedIntoOneFile)
+{
+    openAndPaint();
+    window.files().saveTo(path("mine.nii.gz"));
+    waitUntilIdle();
+    open(imageFile("second.nii"));
+    paint();
+    window.files().saveTo(path("mine.nii.gz"));
+    EXPECT_TRUE(message().contains("holds the labels of \"first.nii\"")) << message().toStdString();
+    answer(QMessageBox::Ok);
+    EXPECT_EQ(session.labelPath(), "");
+    EXPECT_TRUE(session.isModified());
 }

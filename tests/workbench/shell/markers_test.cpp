@@ -340,7 +340,7 @@ TEST_F(MarkersOf, DoNotTakeThePlaceOfTheImage)
 {
     openAndSet();
     save("first.nii");
-    EXPECT_TRUE(message().contains("is the open image itself"));
+    EXPECT_TRUE(message().contains("is an open image itself"));
     answer(QMessageBox::Ok);
     save("points.txt");
     EXPECT_TRUE(message().contains("is no name for markers"));
@@ -352,7 +352,7 @@ TEST_F(MarkersOf, ClosingAsksForUnsavedOnes)
 {
     openAndSet();
     window.close();
-    EXPECT_EQ(message(), "The markers are not saved.");
+    EXPECT_EQ(message(), "The markers of \"first.nii\" are not saved.");
     answer(QMessageBox::Cancel);
     EXPECT_TRUE(window.isVisible());
     save("mine.mrk.json");
@@ -364,7 +364,7 @@ TEST_F(MarkersOf, ClosingAsksForUnsavedOnes)
     EXPECT_FALSE(bytes("mine.mrk.json").contains("\"id\": \"2\""));
 }
 
-TEST_F(MarkersOf, AnotherImageAsksForUnsavedOnesToo)
+TEST_F(MarkersOf, ClosingTheSeriesAsksForUnsavedOnesToo)
 {
     openAndSet();
     paint();
@@ -374,10 +374,10 @@ TEST_F(MarkersOf, AnotherImageAsksForUnsavedOnesToo)
     session.setCurrentTag(2);
     paint();
     markers.setColour(0, Qt::red);
-    open(imageFile("second.nii"));
+    window.files().closeSeries();
     EXPECT_EQ(message(), "The labels and the markers of \"first.nii\" are not saved.");
     answer(QMessageBox::Save);
-    EXPECT_TRUE(Driver::waitFor([this] { return session.imageName() == "second.nii"; }));
+    EXPECT_TRUE(Driver::waitFor([this] { return !session.hasImage(); }));
     EXPECT_EQ(message(), "");
     EXPECT_TRUE(bytes("mine.mrk.json").contains("255,\n                        0,\n"));
     EXPECT_FALSE(markers.isSet(0));
