@@ -4,9 +4,9 @@ using namespace test;
 
 namespace {
 
-constexpr int x0 = 40, x1 = 60, y0 = 200, y1 = 224;
-constexpr int connector = x0 + 7;
-constexpr int row_top = y0 + 18;
+constexpr int left = 40, right = 60, bottom = 200, top = 224;
+constexpr int connector = left + 7;
+constexpr int row_top = bottom + 18; // what is above belongs to the row above
 constexpr Colors line{0, 0, 255};
 
 using Draw_Lead = void (*)(const Boxs*, int, int, int, int, int);
@@ -18,7 +18,7 @@ protected:
         Wipe();
         Current_Color = line.get();
         Y_setup(main_window(), "test");
-        draw(nullptr, more, x0, x1, y0, y1);
+        draw(nullptr, more, left, right, bottom, top);
         Y_release();
     }
 
@@ -35,8 +35,8 @@ protected:
     std::string Picture()
     {
         std::string result;
-        for (int y = row_top - 1; y >= y0; --y) {
-            for (int x = x0; x < x1; ++x)
+        for (int y = row_top - 1; y >= bottom; --y) {
+            for (int x = left; x < right; ++x)
                 result += Pixel(x, y) == line ? '#' : '.';
             result += '\n';
         }
@@ -51,10 +51,10 @@ protected:
 TEST_F(Lead, StaysInItsRow)
 {
     Boxs row;
-    row.x = x0;
-    row.y = y0;
-    row.width = x1 - x0;
-    row.height = row_top - y0;
+    row.x = left;
+    row.y = bottom;
+    row.width = right - left;
+    row.height = row_top - bottom;
     for (const Draw_Lead draw : all) {
         for (const int more : {0, 1}) {
             Draw(draw, more);
@@ -69,10 +69,10 @@ TEST_F(Lead, MeetsTheConnectorAboveAndBelowWhenMoreFollow)
     for (const Draw_Lead draw : all) {
         Draw(draw, 1);
         EXPECT_TRUE(Is_Line(connector, row_top - 2, row_top));
-        EXPECT_TRUE(Is_Line(connector, y0, y0 + 7));
+        EXPECT_TRUE(Is_Line(connector, bottom, bottom + 7));
         Draw(draw, 0);
         EXPECT_TRUE(Is_Line(connector, row_top - 2, row_top));
-        EXPECT_TRUE(Pixel(connector, y0) == untouched);
+        EXPECT_TRUE(Pixel(connector, bottom) == untouched);
     }
 }
 
@@ -139,6 +139,6 @@ TEST_F(Lead, OfWhatCannotBeUsedEndsInABar)
 TEST_F(Lead, WithoutAContextDrawsNothing)
 {
     for (const Draw_Lead draw : all)
-        draw(nullptr, 1, x0, x1, y0, y1);
+        draw(nullptr, 1, left, right, bottom, top);
     EXPECT_EQ(Picture().find('#'), std::string::npos);
 }
