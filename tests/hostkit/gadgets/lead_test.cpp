@@ -13,12 +13,18 @@ using Draw_Lead = void (*)(const Boxs*, int, int, int, int, int);
 
 class Lead : public Widgets {
 protected:
+    Lead()
+    {
+        Place_Widget(box, 0, 0, 400, 400);
+        box.back = untouched;
+    }
+
     void Draw(Draw_Lead draw, int more)
     {
         Wipe();
         Current_Color = line.get();
         Y_setup(main_window(), "test");
-        draw(nullptr, more, left, right, bottom, top);
+        draw(&box, more, left, right, bottom, top);
         Y_release();
     }
 
@@ -31,7 +37,7 @@ protected:
         return true;
     }
 
-    // The pixels of the row that are not drawn on, and those that are, as a picture; the top row first.
+    // The pixels of the row that are drawn on, and those that are not; the top row first.
     std::string Picture()
     {
         std::string result;
@@ -43,18 +49,19 @@ protected:
         return result;
     }
 
+    Boxs box;
     static constexpr Draw_Lead all[] = {Icon_Lead_Leaf, Icon_Lead_Expand, Icon_Lead_Collapse, Icon_Lead_No_Access};
 };
 
 }
 
-TEST_F(Lead, StaysInItsRow)
+TEST_F(Lead, StaysInItsPlace)
 {
     Boxs row;
     row.x = left;
     row.y = bottom;
     row.width = right - left;
-    row.height = row_top - bottom;
+    row.height = top - bottom;
     for (const Draw_Lead draw : all) {
         for (const int more : {0, 1}) {
             Draw(draw, more);
@@ -68,11 +75,28 @@ TEST_F(Lead, MeetsTheConnectorAboveAndBelowWhenMoreFollow)
 {
     for (const Draw_Lead draw : all) {
         Draw(draw, 1);
-        EXPECT_TRUE(Is_Line(connector, row_top - 2, row_top));
+        EXPECT_TRUE(Is_Line(connector, row_top - 2, top));
         EXPECT_TRUE(Is_Line(connector, bottom, bottom + 7));
         Draw(draw, 0);
-        EXPECT_TRUE(Is_Line(connector, row_top - 2, row_top));
+        EXPECT_TRUE(Is_Line(connector, row_top - 2, top));
         EXPECT_TRUE(Pixel(connector, bottom) == untouched);
+    }
+}
+
+TEST_F(Lead, EndsBelowThePictureOfTheParent)
+{
+    Boxs picture;
+    Place_Widget(picture, left, row_top + 3, 16, 16);
+    for (const Draw_Lead draw : all) {
+        Wipe();
+        picture.Clear(light);
+        Current_Color = line.get();
+        Y_setup(main_window(), "test");
+        draw(&box, 1, left, right, bottom, top);
+        Y_release();
+        EXPECT_TRUE(Is_Line(connector, row_top - 2, row_top + 3));
+        for (const COLORREF color : Look(picture))
+            ASSERT_EQ(color, light.get());
     }
 }
 
