@@ -198,7 +198,7 @@ GADGETS_API int Icon_Draw_Image(const Boxs* box, int x, int y, const char* folde
 
 /// The lead of a row of a tree, in x0 .. x1, y0 .. y1: the line from the parent's connector (7 pixels right of x0) to
 /// the row, for one without children; with a sign on it for one whose children are shown (minus) or hidden (plus); and
-/// for one that cannot be used. In Current_Color. The row itself is y0 .. y0 + 18, nothing is drawn above it.
+/// for one that cannot be used. In Current_Color. Above the row (y0 .. y0 + 18) the line ends where box->back does.
 /// @param more  non-zero: siblings follow, the connector goes on
 GADGETS_API void Icon_Lead_Leaf(const Boxs* box, int more, int x0, int x1, int y0, int y1);
 GADGETS_API void Icon_Lead_Expand(const Boxs* box, int more, int x0, int x1, int y0, int y1);

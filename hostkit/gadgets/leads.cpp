@@ -1,7 +1,5 @@
 #include "hostkit/gadgets/paint.h"
 
-#include <algorithm>
-
 // A row reaches from the lead's y0 eighteen pixels up. Signs and lines lie where the text's small letters have their
 // middle, and above the connectors that rows below draw up to a sign's lower edge.
 
@@ -20,12 +18,22 @@ Colors current_color()
     return {GetRValue(Current_Color), GetGValue(Current_Color), GetBValue(Current_Color)};
 }
 
+// The picture of the parent may hang into what is above the row; the line ends below it.
+int end_of_bare_background(const Boxs* box, int x, int from, int to)
+{
+    if (!box || !Y_DC)
+        return to;
+    while (from < to && GetPixel(Y_DC, x, from) == box->back.get())
+        ++from;
+    return from;
+}
+
 // The lines of one row.
 class Lead {
 public:
-    Lead(int x0, int x1, int y0, int y1)
+    Lead(const Boxs* box, int x0, int x1, int y0, int y1)
         : paint_(Y_Window, "Icon_Lead"), x_(x0 + connector), y_(y0 + middle), bottom_(y0),
-          top_(std::min(y0 + row_height, y1)), right_(x1 - gap)
+          top_(end_of_bare_background(box, x_, y0 + row_height, y1)), right_(x1 - gap)
     {
     }
 
@@ -59,33 +67,33 @@ private:
     int x_, y_, bottom_, top_, right_;
 };
 
-void draw_with_sign(bool plus, int more, int x0, int x1, int y0, int y1)
+void draw_with_sign(const Boxs* box, bool plus, int more, int x0, int x1, int y0, int y1)
 {
-    const Lead lead(x0, x1, y0, y1);
+    const Lead lead(box, x0, x1, y0, y1);
     lead.draw_connectors(more != 0, sign_reach + 1);
     lead.draw_sign(plus);
 }
 
 }
 
-void Icon_Lead_Leaf(const Boxs*, int more, int x0, int x1, int y0, int y1)
+void Icon_Lead_Leaf(const Boxs* box, int more, int x0, int x1, int y0, int y1)
 {
-    Lead(x0, x1, y0, y1).draw_connectors(more != 0, 0);
+    Lead(box, x0, x1, y0, y1).draw_connectors(more != 0, 0);
 }
 
-void Icon_Lead_Expand(const Boxs*, int more, int x0, int x1, int y0, int y1)
+void Icon_Lead_Expand(const Boxs* box, int more, int x0, int x1, int y0, int y1)
 {
-    draw_with_sign(false, more, x0, x1, y0, y1);
+    draw_with_sign(box, false, more, x0, x1, y0, y1);
 }
 
-void Icon_Lead_Collapse(const Boxs*, int more, int x0, int x1, int y0, int y1)
+void Icon_Lead_Collapse(const Boxs* box, int more, int x0, int x1, int y0, int y1)
 {
-    draw_with_sign(true, more, x0, x1, y0, y1);
+    draw_with_sign(box, true, more, x0, x1, y0, y1);
 }
 
-void Icon_Lead_No_Access(const Boxs*, int more, int x0, int x1, int y0, int y1)
+void Icon_Lead_No_Access(const Boxs* box, int more, int x0, int x1, int y0, int y1)
 {
-    const Lead lead(x0, x1, y0, y1);
+    const Lead lead(box, x0, x1, y0, y1);
     lead.draw_connectors(more != 0, 0);
     lead.draw_end_stop();
 }

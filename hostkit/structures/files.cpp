@@ -50,7 +50,6 @@ File_Record* File_Add(const std::string& path, const std::vector<Frame_Descripti
     if (frames.size() > most_frames)
         throw std::length_error("there can be no more than 65,535 images in a file");
     auto file = std::make_shared<Open_File>(path, frames);
-    table.reserve(table.size() + 1);
     files.push_back(file);
     table.push_back(file.get());
     publish();

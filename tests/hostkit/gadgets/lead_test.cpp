@@ -4,21 +4,27 @@ using namespace test;
 
 namespace {
 
-constexpr int x0 = 40, x1 = 60, y0 = 200, y1 = 224;
-constexpr int connector = x0 + 7;
-constexpr int row_top = y0 + 18;
+constexpr int left = 40, right = 60, bottom = 200, top = 224;
+constexpr int connector = left + 7;
+constexpr int row_top = bottom + 18; // what is above belongs to the row above
 constexpr Colors line{0, 0, 255};
 
 using Draw_Lead = void (*)(const Boxs*, int, int, int, int, int);
 
 class Lead : public Widgets {
 protected:
+    Lead()
+    {
+        Place_Widget(box, 0, 0, 400, 400);
+        box.back = untouched;
+    }
+
     void Draw(Draw_Lead draw, int more)
     {
         Wipe();
         Current_Color = line.get();
         Y_setup(main_window(), "test");
-        draw(nullptr, more, x0, x1, y0, y1);
+        draw(&box, more, left, right, bottom, top);
         Y_release();
     }
 
@@ -31,30 +37,31 @@ protected:
         return true;
     }
 
-    // The pixels of the row that are not drawn on, and those that are, as a picture; the top row first.
+    // The pixels of the row that are drawn on, and those that are not; the top row first.
     std::string Picture()
     {
         std::string result;
-        for (int y = row_top - 1; y >= y0; --y) {
-            for (int x = x0; x < x1; ++x)
+        for (int y = row_top - 1; y >= bottom; --y) {
+            for (int x = left; x < right; ++x)
                 result += Pixel(x, y) == line ? '#' : '.';
             result += '\n';
         }
         return result;
     }
 
+    Boxs box;
     static constexpr Draw_Lead all[] = {Icon_Lead_Leaf, Icon_Lead_Expand, Icon_Lead_Collapse, Icon_Lead_No_Access};
 };
 
 }
 
-TEST_F(Lead, StaysInItsRow)
+TEST_F(Lead, StaysInItsPlace)
 {
     Boxs row;
-    row.x = x0;
-    row.y = y0;
-    row.width = x1 - x0;
-    row.height = row_top - y0;
+    row.x = left;
+    row.y = bottom;
+    row.width = right - left;
+    row.height = top - bottom;
     for (const Draw_Lead draw : all) {
         for (const int more : {0, 1}) {
             Draw(draw, more);
@@ -68,11 +75,28 @@ TEST_F(Lead, MeetsTheConnectorAboveAndBelowWhenMoreFollow)
 {
     for (const Draw_Lead draw : all) {
         Draw(draw, 1);
-        EXPECT_TRUE(Is_Line(connector, row_top - 2, row_top));
-        EXPECT_TRUE(Is_Line(connector, y0, y0 + 7));
+        EXPECT_TRUE(Is_Line(connector, row_top - 2, top));
+        EXPECT_TRUE(Is_Line(connector, bottom, bottom + 7));
         Draw(draw, 0);
-        EXPECT_TRUE(Is_Line(connector, row_top - 2, row_top));
-        EXPECT_TRUE(Pixel(connector, y0) == untouched);
+        EXPECT_TRUE(Is_Line(connector, row_top - 2, top));
+        EXPECT_TRUE(Pixel(connector, bottom) == untouched);
+    }
+}
+
+TEST_F(Lead, EndsBelowThePictureOfTheParent)
+{
+    Boxs picture;
+    Place_Widget(picture, left, row_top + 3, 16, 16);
+    for (const Draw_Lead draw : all) {
+        Wipe();
+        picture.Clear(light);
+        Current_Color = line.get();
+        Y_setup(main_window(), "test");
+        draw(&box, 1, left, right, bottom, top);
+        Y_release();
+        EXPECT_TRUE(Is_Line(connector, row_top - 2, row_top + 3));
+        for (const COLORREF color : Look(picture))
+            ASSERT_EQ(color, light.get());
     }
 }
 
@@ -139,6 +163,6 @@ TEST_F(Lead, OfWhatCannotBeUsedEndsInABar)
 TEST_F(Lead, WithoutAContextDrawsNothing)
 {
     for (const Draw_Lead draw : all)
-        draw(nullptr, 1, x0, x1, y0, y1);
+        draw(nullptr, 1, left, right, bottom, top);
     EXPECT_EQ(Picture().find('#'), std::string::npos);
 }
