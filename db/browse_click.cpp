@@ -105,8 +105,7 @@ int DB_2D_Class_List_Click(Tool_DB_List* panel, int up_down)
         return 0;
     drag.going_on = false;
     drag.end_line = line_at(point);
-    DB_2D_Class_List_Band(nullptr);
-    DB_2D_Class_List_Paint(panel);
+    DB_2D_Class_List_Erase_Band(panel);
     return 1;
 }
 

@@ -30,5 +30,8 @@ int DB_2D_Class_List_Motion(Tool_DB_List* panel, int up_down);
 /// it was painted over.
 void DB_2D_Class_List_Band(const Tool_DB_List* panel);
 
+/// Takes the rubber band away, if this panel shows it.
+void DB_2D_Class_List_Erase_Band(const Tool_DB_List* panel);
+
 /// Derives what is selected of each folder from the leaves below it, and which rows are the last of their siblings.
 void DB_2D_Class_List_Roll_Up(int nb, DB_List* list);

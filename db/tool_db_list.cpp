@@ -59,6 +59,8 @@ Tool_DB_List& Tool_DB_List::operator=(const Tool_DB_List& other)
 
 Tool_DB_List::~Tool_DB_List()
 {
+    if (db::drag.band_box == &list_box)
+        DB_2D_Class_List_Band(nullptr);
     List_Free(this);
 }
 

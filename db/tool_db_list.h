@@ -43,7 +43,7 @@ public:
     /// Lays the panel out. @param area the panel's rectangle, window, colours, font and frame width @return 1
     int Resize(Boxs* area);
 
-    /// The height at which half as many lines again as `nb_line` pairs show: 18 pixels for each.
+    /// The height that `nb_line` rows and the buttons take, pixels.
     int Height(unsigned short nb_line);
     void Draw();
 

@@ -162,8 +162,8 @@ void Tool_DB_List::End_Drag(int up_down)
     drag.going_on = false;
     if (Edits())
         DB_Edit_Motion_DB(mode, &list_box, up_down, nb, list_pt, &vertical, &horizontal);
+    DB_2D_Class_List_Erase_Band(this);
     Paint();
-    DB_2D_Class_List_Band(nullptr);
 }
 
 void Tool_DB_List::Drag_On(int up_down)
