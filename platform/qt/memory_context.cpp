@@ -40,13 +40,31 @@ const QImage* bitmap_in(HDC context)
     return held ? &held->bitmap : nullptr;
 }
 
-void draw(Device_Context& dc, const QRect& target, const QImage& bitmap, const QRect& part)
+// Pixel for pixel. Without the screen's scale, which would have Qt stretch what fits already.
+void copy(QPainter& painter, const QRect& target, const QImage& bitmap, const QRect& part, qreal scale)
 {
-    const bool as_it_is = QSizeF(target.size()) * dc.picture().devicePixelRatio() == QSizeF(part.size());
-    QPainter& painter = dc.painter(Device_Context::Meets::covering);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, !as_it_is);
+    if (scale == 1)
+        return painter.drawImage(target.topLeft(), bitmap, part);
+    painter.setWorldTransform(QTransform::fromScale(1 / scale, 1 / scale));
+    painter.drawImage((QPointF(target.topLeft()) * scale).toPoint(), bitmap, part);
+    painter.resetTransform();
+}
+
+void stretch(QPainter& painter, const QRect& target, const QImage& bitmap, const QRect& part)
+{
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
     painter.drawImage(target, bitmap, part);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+}
+
+void draw(Device_Context& dc, const QRect& target, const QImage& bitmap, const QRect& part)
+{
+    QPainter& painter = dc.painter(Device_Context::Meets::covering);
+    const qreal scale = dc.picture().devicePixelRatio();
+    if (QSizeF(target.size()) * scale == QSizeF(part.size()))
+        copy(painter, target, bitmap, part, scale);
+    else
+        stretch(painter, target, bitmap, part);
     dc.mark(target);
 }
 

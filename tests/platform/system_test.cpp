@@ -128,3 +128,23 @@ TEST(Program, HasOneModule)
     EXPECT_NE(GetModuleHandleA(nullptr), nullptr);
     EXPECT_EQ(GetModuleHandleA(nullptr), GetModuleHandleA(nullptr));
 }
+
+TEST(ProgramFile, IsThisProgram)
+{
+    WCHAR path[1024];
+    const DWORD length = GetModuleFileNameW(nullptr, path, 1024);
+    ASSERT_GT(length, 14u);
+    ASSERT_LT(length, 1024u);
+    EXPECT_EQ(path[length], 0);
+    const std::basic_string<WCHAR> name(path, length);
+    EXPECT_NE(name.find(test::wide("platform_tests")), name.npos);
+}
+
+TEST(ProgramFile, IsCutWhereThereIsNotEnoughRoom)
+{
+    WCHAR whole[1024], part[5];
+    GetModuleFileNameW(nullptr, whole, 1024);
+    EXPECT_EQ(GetModuleFileNameW(nullptr, part, 5), 5u);
+    EXPECT_EQ(part[4], 0);
+    EXPECT_EQ(std::basic_string<WCHAR>(part), std::basic_string<WCHAR>(whole, 4));
+}

@@ -227,3 +227,28 @@ TEST_F(Slider, GreyedIsShownFaintly)
     EXPECT_NE(Look(slider), active);
     EXPECT_FALSE(Spills(slider));
 }
+
+TEST_F(Slider, AdjustDrawsOnlyAnotherThumbOrState)
+{
+    const auto adjusts = [this] {
+        Wipe();
+        slider.Adjust();
+        return !Untouched(slider);
+    };
+    EXPECT_TRUE(adjusts()) << "nothing was shown yet";
+    EXPECT_FALSE(adjusts());
+    slider.value = 0.1f;
+    EXPECT_FALSE(adjusts()) << "the same pixels";
+    slider.value = 100;
+    EXPECT_TRUE(adjusts());
+    slider.value = 0;
+    EXPECT_TRUE(adjusts());
+    slider.Larg_Adjust(100, 200);
+    EXPECT_TRUE(adjusts()) << "a longer thumb from the same pixel";
+    slider.state = vertical | 35;
+    EXPECT_TRUE(adjusts());
+    EXPECT_FALSE(adjusts());
+    slider.state = hidden;
+    EXPECT_TRUE(adjusts()) << "what was shown goes";
+    EXPECT_FALSE(adjusts());
+}

@@ -146,3 +146,33 @@ TEST_F(Tree, ADeepTreeIsClearedWithoutRecursion)
     Root_2D()->Flag_Set_Off(48, word(4), 512);
     EXPECT_EQ(deepest->Flag_Get_Bit(16, word(4), 512), 0);
 }
+
+TEST_F(Tree, OneAndThreeDimensionsHaveTreesOfTheirOwn)
+{
+    Strato_1D* const signal = Object_1D_Add(Root_1D(), {.name = "ECG", .title = "Signal", .class_a = signal_class});
+    Strato_3D* const surface = Object_3D_Add(Root_3D(), {.name = "skull", .title = "Surface", .class_a = object_class});
+    EXPECT_EQ(Object_Variable<Strato_1D>("$DB_1D_ROOT_PT"), Root_1D());
+    EXPECT_EQ(Object_Variable<Strato_3D>("$DB_3D_ROOT_PT"), Root_3D());
+    EXPECT_EQ(Root_1D()->Child_Get_Nb(), 1);
+    EXPECT_EQ(Root_1D()->Child_Get_Pt(0), signal);
+    EXPECT_EQ(Root_1D()->Child_Get_Pt(1), nullptr);
+    EXPECT_EQ(signal->Parent_Get_Pt(), Root_1D());
+    EXPECT_EQ(signal->Class_A_Get(), 0x1FFFu);
+    EXPECT_EQ(Root_3D()->Child_Get_Pt(0), surface);
+    EXPECT_EQ(surface->Parent_Get_Pt(), Root_3D());
+    EXPECT_STREQ(surface->Title_Get(), "Surface");
+    EXPECT_EQ(Root_2D()->Child_Get_Nb(), 1) << "the series";
+    surface->Flag_Set_On(80, word(4), 512);
+    EXPECT_NE(Root_3D()->Flag_Get_Bit(16, word(4), 512), 0);
+    EXPECT_EQ(Root_1D()->Flag_Get_Bit(16, word(4), 512), 0);
+    Tree_Reset();
+    EXPECT_EQ(Object_Variable<Strato_1D>("$DB_1D_ROOT_PT"), nullptr);
+    EXPECT_EQ(Object_Variable<Strato_3D>("$DB_3D_ROOT_PT"), nullptr);
+}
+
+TEST_F(Tree, IconsAreThoseOfTheDescription)
+{
+    EXPECT_EQ(series->Icon_Get(), nullptr);
+    const Strato* const signal = Object_1D_Add(Root_1D(), {.icon = "icon signal.tga"});
+    EXPECT_STREQ(signal->Icon_Get(), "icon signal.tga");
+}
