@@ -68,7 +68,8 @@ Numbering number_lines(int nb, DB_List* list, int asked_line)
         else if (result.lines < asked_line)
             result.last_sibling[level_index(row.level)] = (row.state & DB_List::last_sibling) != 0;
         set_line(row, result.lines++);
-        if (!(row.state & DB_List::expanded))
+        // Where nothing is hidden the next row is known before this one has come from memory.
+        if (row.nb_desc > 0 && !(row.state & DB_List::expanded))
             i += hide(list + i + 1, list + std::min(i + 1 + row.nb_desc, nb));
     }
     return result;
