@@ -22,10 +22,27 @@ std::array<POINT, 5> corners(const Tool_DB_List& panel)
         in_window(drag.start.x, drag.start.y)};
 }
 
-void draw_or_erase()
+bool is_shown_in(const Tool_DB_List& panel)
 {
-    Polyline(Y_DC, drag.band_corners.data(), static_cast<int>(drag.band_corners.size()));
+    return drag.band_box == &panel.list_box;
 }
+
+// Draws the band, and a second time takes it away.
+class Band_Drawing {
+public:
+    explicit Band_Drawing(const Boxs& box)
+        : drawing_(box.window, "DB_2D_Class_List_Band"), clip_(box), pen_(CreatePen(PS_SOLID, 1, band_color))
+    {
+    }
+
+    void toggle() const { Polyline(Y_DC, drag.band_corners.data(), static_cast<int>(drag.band_corners.size())); }
+
+private:
+    frame::Drawing drawing_;
+    frame::Clip clip_;
+    frame::Xor_Drawing xored_;
+    frame::Selected pen_;
+};
 
 }
 
@@ -35,18 +52,22 @@ void DB_2D_Class_List_Band(const Tool_DB_List* panel)
         drag.band_box = nullptr;
         return;
     }
-    const Boxs& box = panel->list_box;
-    const frame::Drawing drawing(box.window, "DB_2D_Class_List_Band");
-    if (!drawing.ready())
+    if (!panel->list_box.window)
         return;
-    const frame::Clip clip(box);
-    const frame::Xor_Drawing xored;
-    const frame::Selected pen(CreatePen(PS_SOLID, 1, band_color));
-    if (drag.band_box == &box)
-        draw_or_erase();
-    drag.band_box = &box;
+    const Band_Drawing band(panel->list_box);
+    if (is_shown_in(*panel))
+        band.toggle();
+    drag.band_box = &panel->list_box;
     drag.band_corners = corners(*panel);
-    draw_or_erase();
+    band.toggle();
+}
+
+void DB_2D_Class_List_Erase_Band(const Tool_DB_List* panel)
+{
+    if (!is_shown_in(*panel))
+        return;
+    Band_Drawing(panel->list_box).toggle();
+    DB_2D_Class_List_Band(nullptr);
 }
 
 int DB_2D_Class_List_Motion(Tool_DB_List* panel, int up_down)
@@ -54,8 +75,7 @@ int DB_2D_Class_List_Motion(Tool_DB_List* panel, int up_down)
     if (!drag.going_on)
         return 0;
     if (up_down == frame::up_down::release) {
-        DB_2D_Class_List_Paint(panel);
-        DB_2D_Class_List_Band(nullptr);
+        DB_2D_Class_List_Erase_Band(panel);
         return 0;
     }
     drag.current = panel->Pointer();

@@ -105,8 +105,7 @@ int DB_2D_Class_List_Click(Tool_DB_List* panel, int up_down)
         return 0;
     drag.going_on = false;
     drag.end_line = line_at(point);
-    DB_2D_Class_List_Band(nullptr);
-    DB_2D_Class_List_Paint(panel);
+    DB_2D_Class_List_Erase_Band(panel);
     return 1;
 }
 
@@ -114,14 +113,16 @@ int DB_2D_Class_List_Select(Tool_DB_List* panel)
 {
     if (panel->list_pt && panel->nb > 0) {
         if (!getkey(control_key))
-            std::for_each(panel->list_pt, panel->list_pt + panel->nb,
-                [](DB_List& row) { row.select &= static_cast<unsigned short>(~marks); });
+            std::for_each(panel->list_pt, panel->list_pt + panel->nb, [](DB_List& row) {
+                if (row.select & marks)
+                    row.select &= static_cast<unsigned short>(~marks);
+            });
         if (getkey(shift_key))
             select_range(*panel);
         else
             select_lines(*panel);
         DB_2D_Class_List_Roll_Up(panel->nb, panel->list_pt);
-        DB_2D_Class_List_Paint(panel);
+        DB_2D_Class_List_Paint(panel, DB_Lines::as_they_are);
     }
     panel->List_Select_To_DB(panel->nb, panel->list_pt);
     return 1;

@@ -1,6 +1,7 @@
 #include "db/browse_measure.h"
 #include "db/browse_view.h"
 #include "db/drag.h"
+#include "db/rows.h"
 #include "db/tool_db_list.h"
 #include "frame/drawing.h"
 #include "frame/painting.h"
@@ -39,10 +40,17 @@ struct Numbering {
     Level_Flags last_sibling{}; // whether the last row of a level, above that line, had no further sibling
 };
 
+// Memory is written only where there is something new.
+void set_line(DB_List& row, int line)
+{
+    if (row.line != line)
+        row.line = static_cast<unsigned short>(line);
+}
+
 int hide(DB_List* first, DB_List* end)
 {
     for (DB_List* row = first; row < end; ++row)
-        row->line = DB_List::hidden_line;
+        set_line(*row, DB_List::hidden_line);
     return static_cast<int>(end - first);
 }
 
@@ -59,11 +67,31 @@ Numbering number_lines(int nb, DB_List* list, int asked_line)
             result.row = i;
         else if (result.lines < asked_line)
             result.last_sibling[level_index(row.level)] = (row.state & DB_List::last_sibling) != 0;
-        row.line = static_cast<unsigned short>(result.lines++);
-        if (!(row.state & DB_List::expanded))
+        set_line(row, result.lines++);
+        // Where nothing is hidden the next row is known before this one has come from memory.
+        if (row.nb_desc > 0 && !(row.state & DB_List::expanded))
             i += hide(list + i + 1, list + std::min(i + 1 + row.nb_desc, nb));
     }
     return result;
+}
+
+// The same, when the lines have their numbers. What is above a row and matters is what it lies in.
+bool find_lines(int nb, const DB_List* list, int asked_line, Numbering& result)
+{
+    const int last = nb > 0 ? db::shown_row(nb - 1, list) : -1;
+    if (last < 0 || asked_line > list[last].line)
+        return false;
+    result.lines = list[last].line + 1;
+    result.row = db::row_on_line(asked_line, nb, list);
+    if (result.row < 0 || list[result.row].level > db::deepest_level)
+        return false;
+    for (int row = result.row; list[row].level > 0;) {
+        if (list[row].parent >= row)
+            return false;
+        row = list[row].parent;
+        result.last_sibling[level_index(list[row].level)] = (list[row].state & DB_List::last_sibling) != 0;
+    }
+    return true;
 }
 
 // A line begins half a line below the first one's edge, so one more is seen in part.
@@ -109,7 +137,7 @@ void set_range(Sliders& slider, int visible, int content, const Looks& looks)
 
 void icon(const Boxs& box, int x, int line_y, const char* file)
 {
-    constexpr int below_text = 7;
+    constexpr int below_text = 5; // its middle is that of the small letters
     if (file)
         Icon_Draw_Image(&box, x, line_y - below_text, Prog_Name, file);
 }
@@ -179,7 +207,7 @@ private:
 
     void draw_connectors(const DB_List& row, const Level_Flags& last_sibling, int y) const
     {
-        constexpr int in_lead = 7, down = 2, up = 18;
+        constexpr int in_lead = 7, down = 8, up = 18; // down to the lead of the row below
         Current_Color = blue;
         const frame::Selected pen(CreatePen(PS_SOLID, 1, Current_Color));
         for (int level = 0; level < row.level; ++level) {
@@ -249,12 +277,14 @@ void draw_rows(const Tool_DB_List& panel, const db::Row_Fonts& fonts, int space,
 
 }
 
-int DB_2D_Class_List_Paint(Tool_DB_List* panel)
+int DB_2D_Class_List_Paint(Tool_DB_List* panel, DB_Lines lines)
 {
     if (!panel->list_pt)
         return 0;
     const Boxs& box = panel->list_box;
-    Numbering numbered = number_lines(panel->nb, panel->list_pt, first_line(panel->vertical));
+    Numbering numbered;
+    if (lines == DB_Lines::anew || !find_lines(panel->nb, panel->list_pt, first_line(panel->vertical), numbered))
+        numbered = number_lines(panel->nb, panel->list_pt, first_line(panel->vertical));
     if (!box.window)
         return 1;
     const int height = (numbered.lines + 1) * line_height;

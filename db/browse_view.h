@@ -6,10 +6,13 @@ class Tool_DB_List;
 
 // The list as an indented tree, and how its rows are chosen.
 
+/// Whether the lines are numbered before they are painted. What only scrolls or selects leaves their numbers alone.
+enum class DB_Lines : unsigned char { anew, as_they_are };
+
 /// Numbers the lines and paints the rows that are seen; sets the ranges of the sliders, without drawing them. Without
 /// a window the lines are numbered all the same.
 /// @return 1, or 0 when there is no list
-int DB_2D_Class_List_Paint(Tool_DB_List* panel);
+int DB_2D_Class_List_Paint(Tool_DB_List* panel, DB_Lines lines = DB_Lines::anew);
 
 /// Gives the sliders the look of a list that fits.
 void DB_2D_Class_List_Reset_Sliders(Tool_DB_List* panel);
@@ -29,6 +32,9 @@ int DB_2D_Class_List_Motion(Tool_DB_List* panel, int up_down);
 /// Draws the rubber band of the drag in the list box, in place of the one that is drawn. Null forgets the drawn one:
 /// it was painted over.
 void DB_2D_Class_List_Band(const Tool_DB_List* panel);
+
+/// Takes the rubber band away, if this panel shows it.
+void DB_2D_Class_List_Erase_Band(const Tool_DB_List* panel);
 
 /// Derives what is selected of each folder from the leaves below it, and which rows are the last of their siblings.
 void DB_2D_Class_List_Roll_Up(int nb, DB_List* list);

@@ -63,12 +63,33 @@ int end_of_subtree(int row, int nb, const DB_List* list)
     return end;
 }
 
+int shown_row(int row, const DB_List* list)
+{
+    while (list[row].line == DB_List::hidden_line) {
+        if (list[row].parent >= row)
+            return -1;
+        row = list[row].parent;
+    }
+    return row;
+}
+
+// Lines grow with the rows that are shown, and what hides a row comes before it.
 int row_on_line(int line, int nb, const DB_List* list)
 {
     if (!list || line < 0 || line >= DB_List::hidden_line)
         return -1;
-    const auto* found = std::find_if(list, list + nb, [=](const DB_List& row) { return row.line == line; });
-    return found == list + nb ? -1 : static_cast<int>(found - list);
+    int first = 0, last = nb - 1;
+    while (first < last) {
+        const int shown = shown_row((first + last + 1) / 2, list);
+        if (shown < 0)
+            return -1;
+        if (list[shown].line <= line)
+            first = (first + last + 1) / 2;
+        else
+            last = shown - 1;
+    }
+    const int found = nb > 0 && last >= 0 ? shown_row(first, list) : -1;
+    return found >= 0 && list[found].line == line ? found : -1;
 }
 
 Row_Share::Row_Share(const Row_Share& other) : block_(other.block_)

@@ -21,8 +21,11 @@ void free_rows(int nb, DB_List* list);
 /// The first row behind what is below a row, by its levels.
 int end_of_subtree(int row, int nb, const DB_List* list);
 
-/// The row that a line shows; -1 when none does.
+/// The row that a line shows; -1 when none does. The lines are numbered.
 int row_on_line(int line, int nb, const DB_List* list);
+
+/// The row itself, or the one that hides it; -1 when there is none. The lines are numbered.
+int shown_row(int row, const DB_List* list);
 
 /// The owners of rows: copies of a panel share them, they go with the last. For the interface thread only.
 class Row_Share {

@@ -59,6 +59,8 @@ Tool_DB_List& Tool_DB_List::operator=(const Tool_DB_List& other)
 
 Tool_DB_List::~Tool_DB_List()
 {
+    if (db::drag.band_box == &list_box)
+        DB_2D_Class_List_Band(nullptr);
     List_Free(this);
 }
 
@@ -150,12 +152,12 @@ void Tool_DB_List::Show_Next_Warning()
     warning_message.Draw();
 }
 
-void Tool_DB_List::Paint()
+void Tool_DB_List::Paint(DB_Lines lines)
 {
     if (Edits())
         DB_Edit_Paint(mode, &list_box, nb, list_pt, &vertical, &horizontal);
     else
-        DB_2D_Class_List_Paint(this);
+        DB_2D_Class_List_Paint(this, lines);
 }
 
 void Tool_DB_List::Draw_Sliders()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db/browse_measure.h"
+#include "db/browse_view.h"
 #include "db/db_list.h"
 #include "db/drag.h"
 #include "db/rows.h"
@@ -43,7 +44,7 @@ public:
     /// Lays the panel out. @param area the panel's rectangle, window, colours, font and frame width @return 1
     int Resize(Boxs* area);
 
-    /// The height at which half as many lines again as `nb_line` pairs show: 18 pixels for each.
+    /// The height that `nb_line` rows and the buttons take, pixels.
     int Height(unsigned short nb_line);
     void Draw();
 
@@ -104,7 +105,7 @@ private:
     void Lay_Out_List(const Boxs& area, int space, int button);
     void Lay_Out_Zones(const Boxs& area);
 
-    void Paint();
+    void Paint(DB_Lines lines = DB_Lines::anew);
     void Draw_Sliders();
     void Show_Next_Warning();
     void Rebuild();

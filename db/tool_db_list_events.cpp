@@ -96,7 +96,7 @@ bool Tool_DB_List::Take_Slider(Sliders& slider, int up_down)
         return false;
     slider.Read();
     slider.Adjust();
-    Paint();
+    Paint(DB_Lines::as_they_are);
     return true;
 }
 
@@ -114,7 +114,7 @@ bool Tool_DB_List::Click_Buttons(int up_down)
     List_Select_To_DB(nb, list_pt);
     if (!all)
         empty_windows();
-    Paint();
+    Paint(DB_Lines::as_they_are);
     button.pressed = 0;
     button.Adjust();
     return true;
@@ -162,14 +162,14 @@ void Tool_DB_List::End_Drag(int up_down)
     drag.going_on = false;
     if (Edits())
         DB_Edit_Motion_DB(mode, &list_box, up_down, nb, list_pt, &vertical, &horizontal);
-    Paint();
-    DB_2D_Class_List_Band(nullptr);
+    DB_2D_Class_List_Erase_Band(this);
+    Paint(DB_Lines::as_they_are);
 }
 
 void Tool_DB_List::Drag_On(int up_down)
 {
     if (Scroll_By_Drag())
-        Paint();
+        Paint(DB_Lines::as_they_are);
     if (Edits())
         DB_Edit_Motion_DB(mode, &list_box, up_down, nb, list_pt, &vertical, &horizontal);
     else
@@ -203,7 +203,7 @@ int Tool_DB_List::Scroll(int amount)
         vertical.Scroll(-amount);
     else
         return 0;
-    Paint();
+    Paint(DB_Lines::as_they_are);
     return 1;
 }
 

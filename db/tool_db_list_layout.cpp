@@ -28,23 +28,16 @@ void place_slider(Sliders& slider, unsigned look, float maximum, float step)
     slider.Init(nullptr);
 }
 
-// One point larger than the interface's.
+// One point larger than the interface's; made once for all panels.
 HFONT title_font(HFONT otherwise)
 {
     static HFONT font = nullptr;
-    static short made_for = 0;
     const auto* family = frame::array<const char>("$INTERFACE_TOOL_FONT_NAME");
-    const short points = frame::dimension("$INTERFACE_TOOL_FONT_SCALE");
-    if (!family)
-        return otherwise;
-    if (!font || points != made_for) {
-        if (font)
-            DeleteObject(font);
-        made_for = points;
-        font =
-            Y_Create_Font(family, frame::to_short(points + 1), frame::array<const char>("$INTERFACE_TOOL_FONT_WEIGHT"));
+    if (!font && family) {
+        const int points = frame::dimension("$INTERFACE_TOOL_FONT_SCALE") + 1;
+        font = Y_Create_Font(family, frame::to_short(points), frame::array<const char>("$INTERFACE_TOOL_FONT_WEIGHT"));
     }
-    return font;
+    return font ? font : otherwise;
 }
 
 }

@@ -27,7 +27,7 @@ refuse 'host/ knows only the platform seam' "$include\"(frame|tools|db|histo|hos
 refuse 'hostkit/ names a panel' "$include\"(frame|tools|db|histo|workbench)/" hostkit
 refuse 'platform/ knows no layer' "$include\"(frame|tools|db|histo|host|hostkit|workbench)/" platform
 refuse 'Qt outside platform/qt and workbench' "$include[<\"]Q[A-Za-z]" frame tools db histo host hostkit examples \
-  workbench/document tests/hostkit tests/frame tests/tools tests/histo tests/support tests/examples
+  workbench/document tests/hostkit tests/frame tests/tools tests/db tests/histo tests/support tests/examples
 refuse 'ITK or a decoder outside workbench/document' "$include[<\"](itk|gdcm|dcmtk|openjpeg|charls)" frame tools db histo host hostkit platform examples
 refuse 'A platform switch above platform/' '_WIN32|__linux__|__APPLE__' frame tools db histo host hostkit workbench examples
 refuse 'An include that is not written from the top' "$include\"(\.\./|\./|[^/\"]+\")" \

@@ -22,7 +22,7 @@ extern "C" char* __wrap_strdup(const char* text)
 }
 
 using namespace test;
-using Texts = std::vector<std::string>;
+using Lines = std::vector<std::string>;
 
 namespace {
 
@@ -49,9 +49,9 @@ protected:
     ~DatabaseMemory() override { own_tree::reset(); }
 
     /// The text of a report without its line number.
-    Texts memory_reports() const
+    Lines memory_reports() const
     {
-        Texts result;
+        Lines result;
         for (const std::string& text : reports.texts(1)) {
             EXPECT_EQ(text.compare(0, 5, "line "), 0) << text;
             EXPECT_EQ(text.substr(9, 4), " of ") << text;
@@ -90,9 +90,9 @@ protected:
     }
 
     template <class Panel>
-    Texts fail_each_allocation_of_building()
+    Lines fail_each_allocation_of_building()
     {
-        Texts seen;
+        Lines seen;
         for (int n = 1;; ++n) {
             SCOPED_TRACE("allocation " + std::to_string(n));
             Panel panel;
@@ -103,7 +103,7 @@ protected:
                 panel.Update(0x400);
                 failed = failing.has_failed();
             }
-            const Texts told = memory_reports();
+            const Lines told = memory_reports();
             seen.insert(seen.end(), told.begin(), told.end());
             EXPECT_EQ(told.size(), failed ? 1u : 0u);
             expect_sound(panel);
@@ -127,7 +127,7 @@ protected:
 
 TEST_F(DatabaseMemory, EveryAllocationOfTheClassesMayFail)
 {
-    const Texts seen = fail_each_allocation_of_building<Tool_DB_Class>();
+    const Lines seen = fail_each_allocation_of_building<Tool_DB_Class>();
     const auto count = [&](const std::string& text) { return std::count(seen.begin(), seen.end(), text); };
     EXPECT_EQ(count(growth("tool_db_class", 1)), 1);
     EXPECT_EQ(count(growth("tool_db_class", 9)), 1);
@@ -143,7 +143,7 @@ TEST_F(DatabaseMemory, ClassesWithoutRoomAreLost)
     EXPECT_EQ(panel.List_Create_From_DB(&panel.nb, &panel.list_pt, 0, 0, nullptr), 0);
     EXPECT_EQ(panel.list_pt, nullptr);
     EXPECT_EQ(panel.nb, 1);
-    EXPECT_EQ(memory_reports(), Texts{growth("tool_db_class", 2)});
+    EXPECT_EQ(memory_reports(), Lines{growth("tool_db_class", 2)});
 }
 
 TEST_F(DatabaseMemory, ClassWithoutItsTextStaysAndIsNotCounted)
@@ -154,12 +154,12 @@ TEST_F(DatabaseMemory, ClassWithoutItsTextStaysAndIsNotCounted)
     EXPECT_EQ(panel.nb, 12);
     EXPECT_EQ(panel.list_pt[1].title, nullptr);
     EXPECT_EQ(panel.list_pt[1].nb_desc, 0);
-    EXPECT_EQ(memory_reports(), Texts{copy("tool_db_class", "title")});
+    EXPECT_EQ(memory_reports(), Lines{copy("tool_db_class", "title")});
 }
 
 TEST_F(DatabaseMemory, EveryAllocationOfTheFilesMayFail)
 {
-    const Texts seen = fail_each_allocation_of_building<Tool_DB_File>();
+    const Lines seen = fail_each_allocation_of_building<Tool_DB_File>();
     const auto count = [&](const std::string& text) { return std::count(seen.begin(), seen.end(), text); };
     EXPECT_EQ(count(growth("tool_db_file", 1)), 1);
     EXPECT_EQ(count(growth("tool_db_file", 5)), 1);
@@ -176,7 +176,7 @@ TEST_F(DatabaseMemory, FilesWithoutRoomKeepTheRowsSoFar)
     EXPECT_EQ(result, 0);
     EXPECT_NE(panel.list_pt, nullptr);
     EXPECT_EQ(panel.nb, 4);
-    EXPECT_EQ(memory_reports(), Texts{growth("tool_db_file", 5)});
+    EXPECT_EQ(memory_reports(), Lines{growth("tool_db_file", 5)});
     expect_sound(panel);
 }
 
@@ -193,9 +193,9 @@ TEST_F(DatabaseMemory, SelectionOfFilesNeedsItsTable)
             panel.List_Select_To_DB(panel.nb, panel.list_pt);
         else
             panel.List_Select_From_DB(panel.nb, panel.list_pt);
-        EXPECT_EQ(memory_reports(), Texts{"tool_db_file \nmemory error in new"});
+        EXPECT_EQ(memory_reports(), Lines{"tool_db_file \nmemory error in new"});
     }
-    EXPECT_EQ(own_tree::take_calls(), Texts());
+    EXPECT_EQ(own_tree::take_calls(), Lines());
     EXPECT_EQ(panel.list_pt[2].select, 0);
 }
 
@@ -210,7 +210,7 @@ TEST_F(DatabaseMemory, CopyWithoutAnOwnerIsEmpty)
         EXPECT_EQ(copied.nb, 0);
         EXPECT_EQ(copied.list_pt, nullptr);
     }
-    EXPECT_EQ(memory_reports(), Texts{"tool_db_list \nmemory error in new"});
+    EXPECT_EQ(memory_reports(), Lines{"tool_db_list \nmemory error in new"});
     EXPECT_EQ(panel.nb, rows);
     EXPECT_STREQ(panel.list_pt[0].title, "Root");
 }

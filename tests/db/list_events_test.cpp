@@ -5,7 +5,7 @@
 
 using namespace test;
 using Numbers = std::vector<int>;
-using Texts = std::vector<std::string>;
+using Lines = std::vector<std::string>;
 
 class DatabaseEvents : public Database_List {};
 
@@ -42,19 +42,19 @@ TEST_F(DatabaseEvents, HandlersTrace)
     panel.Draw();
     panel.Click(0);
     panel.Keyboard(2094);
-    const Texts traces = reports.texts(15);
-    EXPECT_EQ(traces, (Texts{"in Tool_DB_List::Draw()", "in Tool_DB_List::Click(up_down=0x00000000)",
+    const Lines traces = reports.texts(15);
+    EXPECT_EQ(traces, (Lines{"in Tool_DB_List::Draw()", "in Tool_DB_List::Click(up_down=0x00000000)",
                           "in Tool_DB_List::Keyboard(key=0x0000082e)"}));
     reports.clear();
     press(on_line(3));
     EXPECT_EQ(reports.texts(15),
-        (Texts{"in Tool_DB_List::Click(up_down=0x00000012)", "in DB_2D_Class_List_Click(up_down=0x00000012)"}));
+        (Lines{"in Tool_DB_List::Click(up_down=0x00000012)", "in DB_2D_Class_List_Click(up_down=0x00000012)"}));
     reports.clear();
     panel.Motion(held);
     panel.Scroll(1);
     panel.Leave();
     panel.Update(0);
-    EXPECT_EQ(reports.texts(15), Texts());
+    EXPECT_EQ(reports.texts(15), Lines());
 }
 
 TEST_F(DatabaseEvents, WheelScrollsDownByRowsAndAcrossOnTheHorizontalBar)
@@ -219,8 +219,12 @@ TEST_F(DatabaseEvents, EmptiedListLeavesAnEmptyPicture)
         for (int level = 0; level < 8; ++level)
             EXPECT_EQ(pixel(main_window(), on_line(line, level)), area.back);
     }
+    const auto empty = pixels(main_window());
     press(on_line(2));
-    EXPECT_EQ(release(on_line(3)), 1);
+    move(on_line(4, 3), held);
+    EXPECT_NE(pixels(main_window()), empty);
+    EXPECT_EQ(release(on_line(4, 3)), 1);
+    EXPECT_EQ(pixels(main_window()), empty) << "the rubber band is gone";
     click(0);
     press(middle(panel.select_all));
     panel.Update(0x102);
@@ -241,7 +245,7 @@ TEST_F(DatabaseEvents, EditModeShowsWarningsInTurnAndRoutesEvents)
     const std::string second = other.warning_message.name.get();
     edit.Draw();
     EXPECT_EQ(edit.warning_message.name.get(), first);
-    const Texts both{
+    const Lines both{
         "Please make sure you know what you are doing!", "Pressing: \"Update DB\" will reset all changes made here."};
     EXPECT_EQ(first, both[0]);
     EXPECT_EQ(second, both[1]);
@@ -253,7 +257,7 @@ TEST_F(DatabaseEvents, EditModeShowsWarningsInTurnAndRoutesEvents)
     EXPECT_EQ(edit.Keyboard(13), 0);
     EXPECT_EQ(edit.Keyboard(2094), 0);
     EXPECT_EQ(reports.texts(15),
-        (Texts{"in Tool_DB_List::Click(up_down=0x00000012)", "in DB_Edit_Click_DB(up_down=0x00000012)",
+        (Lines{"in Tool_DB_List::Click(up_down=0x00000012)", "in DB_Edit_Click_DB(up_down=0x00000012)",
             "in DB_Edit_Motion_DB(up_down=0x00000000)", "in Tool_DB_List::Keyboard(key=0x0000000d)",
             "in Tool_DB_List::Keyboard(key=0x0000082e)", "in DB_Edit_Key_DB(key=0x0000082e)"}));
     point(main_window(), middle(edit.select_all));

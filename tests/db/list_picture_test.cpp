@@ -128,7 +128,7 @@ TEST_F(DatabasePicture, FilesWithTheirIcons)
         {frame(0x4354, 16, 1, 1), frame(0x4354, 0, 1, 1), frame(0x4354, 0, 10, 1), frame(0x4354, 0, 1, 7), locked});
     hostkit::File_Add("/data/knee/second.dcm", {frame(0x4D52, 0, 1, 1)});
     File_Record* const shown = hostkit::File_Add("/data/other/third.dcm", {frame(0x5553, 0, 1, 1)});
-    for (const unsigned short modality : {0x4E4D, 0x4352, 0x5048, 0x5841, 0x4141})
+    for (const unsigned short modality : std::initializer_list<unsigned short>{0x4E4D, 0x4352, 0x5048, 0x5841, 0x4141})
         hostkit::File_Add("/data/other/more", {frame(modality, 0, 0, 0)});
     hostkit::Frame_Shows(images[0], shown, 0);
     images[0]->Flag_Set_On(16, reinterpret_cast<void*>(4), 512);

@@ -1,4 +1,3 @@
-#include "hostkit/structures/registry.h"
 #include "tests/db/database_list.h"
 
 #include <algorithm>
@@ -7,14 +6,13 @@
 // Which rows gestures select, in the list and in the host.
 
 using namespace test;
-using hostkit::Variable;
 using Numbers = std::vector<int>;
 
 namespace {
 
 class DatabaseSelection : public Database_List {
 protected:
-    DatabaseSelection() { hostkit::Window_Add("w"); }
+    Strato_Window* const window = hostkit::Window_Add("w");
 
     Numbers selected_images() const
     {
@@ -136,7 +134,7 @@ TEST_F(DatabaseSelection, ClickSelectsARowAndTellsTheHost)
     EXPECT_EQ(selects(), (Numbers{1, 1, 0, 2, 0, 0, 0}));
     EXPECT_EQ(panel.last_row, 3);
     EXPECT_EQ(selected_images(), Numbers{1});
-    EXPECT_EQ(Variable<Strato_2D**>("$FRAME_CUR")[0], images[1]);
+    EXPECT_EQ(hostkit::Window_Frame(window), images[1]);
     const auto sent = broadcasts();
     EXPECT_NE(std::find(sent.begin(), sent.end(), 0x102ull), sent.end());
 }
@@ -145,7 +143,7 @@ TEST_F(DatabaseSelection, ClickOnAFolderSelectsWhatIsBelow)
 {
     click(1);
     EXPECT_EQ(selects(), (Numbers{1, 2, 2, 2, 2, 0, 0}));
-    EXPECT_EQ(Variable<Strato_2D**>("$FRAME_CUR")[0], images[0]) << "the uppermost";
+    EXPECT_EQ(hostkit::Window_Frame(window), images[0]) << "the uppermost";
     click(6);
     EXPECT_EQ(selects(), (Numbers{1, 0, 0, 0, 0, 2, 2}));
 }
@@ -210,11 +208,11 @@ TEST_F(DatabaseSelection, SelectNoneEmptiesTheWindows)
 {
     press(middle(panel.select_all));
     release(middle(panel.select_all));
-    ASSERT_NE(Variable<Strato_2D**>("$FRAME_CUR")[0], nullptr);
+    ASSERT_NE(hostkit::Window_Frame(window), nullptr);
     EXPECT_EQ(press(middle(panel.select_none)), 1);
     EXPECT_EQ(selects(), Numbers(7, 0));
     EXPECT_EQ(selected_images(), Numbers());
-    EXPECT_EQ(Variable<Strato_2D**>("$FRAME_CUR")[0], nullptr);
+    EXPECT_EQ(hostkit::Window_Frame(window), nullptr);
 }
 
 TEST_F(DatabaseSelection, GesturesFollowTheRules)

@@ -30,9 +30,8 @@ std::vector<std::shared_ptr<Strato>> made;
 std::map<const void*, std::string> names;
 std::vector<std::string> calls;
 std::vector<Strato_2D*> delivered;
-size_t next_delivered = 0;
 bool iterators_fail = false;
-int iterators_open = 0;
+std::map<unsigned short, size_t> iterators; // what each delivers next
 std::function<void(unsigned long long)> listener;
 
 std::string named(const void* argument)
@@ -106,7 +105,7 @@ void reset()
     delivered.clear();
     listener = nullptr;
     iterators_fail = false;
-    iterators_open = 0;
+    iterators.clear();
 }
 
 void define(const char* name, const void* value)
@@ -173,7 +172,7 @@ void fail_iterators(bool fail)
 
 int open_iterators()
 {
-    return iterators_open;
+    return static_cast<int>(iterators.size());
 }
 
 std::vector<std::string> take_calls()
@@ -323,22 +322,25 @@ unsigned short Iterator_Init(const char* owner, Strato*)
     if (iterators_fail)
         return 0;
     calls.push_back(std::string("begin ") + owner);
-    next_delivered = 0;
-    ++iterators_open;
-    return 1;
+    unsigned short id = 1;
+    while (iterators.contains(id))
+        ++id;
+    iterators[id] = 0;
+    return id;
 }
 
-Strato_2D* Iterator_Class_2D(unsigned short, unsigned class_mask, void* scope, unsigned char selected_only)
+Strato_2D* Iterator_Class_2D(unsigned short id, unsigned class_mask, void* scope, unsigned char selected_only)
 {
     if (class_mask != 0x2FFF || named(scope) != "4" || selected_only)
         calls.push_back("delivers something else");
-    return next_delivered < delivered.size() ? delivered[next_delivered++] : nullptr;
+    size_t& next = iterators.at(id);
+    return next < delivered.size() ? delivered[next++] : nullptr;
 }
 
-void Iterator_End(unsigned short)
+void Iterator_End(unsigned short id)
 {
     calls.push_back("end");
-    --iterators_open;
+    iterators.erase(id);
 }
 
 // A host without histograms, pens, touches and files to choose.

@@ -9,7 +9,7 @@
 // What the lists of classes and of files make of the host's objects, and what they ask of the host.
 
 using namespace test;
-using Texts = std::vector<std::string>;
+using Lines = std::vector<std::string>;
 
 namespace {
 
@@ -25,9 +25,9 @@ protected:
         return panel.List_Create_From_DB(&panel.nb, &panel.list_pt, 0, 0, nullptr);
     }
 
-    static Texts titles_of(const Tool_DB_List& panel)
+    static Lines titles_of(const Tool_DB_List& panel)
     {
-        Texts result;
+        Lines result;
         for (int i = 0; i < panel.nb; ++i)
             result.push_back(panel.list_pt[i].title ? panel.list_pt[i].title : "-");
         return result;
@@ -80,7 +80,7 @@ TEST_F(ClassProvider, WithoutARootThereIsNothing)
     EXPECT_EQ(panel.nb, 0);
     own_tree::take_calls();
     panel.List_Select_To_DB(panel.nb, panel.list_pt);
-    EXPECT_EQ(own_tree::take_calls(), (Texts{"update 258 4 null", "redraw 268435455 null null"}));
+    EXPECT_EQ(own_tree::take_calls(), (Lines{"update 258 4 null", "redraw 268435455 null null"}));
 }
 
 TEST_F(ClassProvider, OtherDimensionsAreOneEmptyFolder)
@@ -99,7 +99,7 @@ TEST_F(ClassProvider, OtherDimensionsAreOneEmptyFolder)
         own_tree::take_calls();
         other.List_Select_From_DB(other.nb, other.list_pt);
         other.List_Select_To_DB(other.nb, other.list_pt);
-        EXPECT_EQ(own_tree::take_calls(), Texts{"redraw 268435455 null null"});
+        EXPECT_EQ(own_tree::take_calls(), Lines{"redraw 268435455 null null"});
     }
 }
 
@@ -116,7 +116,7 @@ TEST_F(ClassProvider, EachDimensionHasItsRootClassAndWord)
         own_tree::take_calls();
         other.List_Select_To_DB(other.nb, other.list_pt);
         EXPECT_EQ(
-            own_tree::take_calls(), (Texts{"flag_off r 48", "flag_on l 80", std::string("update ") + word + " 4 null",
+            own_tree::take_calls(), (Lines{"flag_off r 48", "flag_on l 80", std::string("update ") + word + " 4 null",
                                         "redraw 268435455 null null"}));
         other.list_pt[1].select = 0;
         other.List_Select_From_DB(other.nb, other.list_pt);
@@ -131,10 +131,10 @@ TEST_F(ClassProvider, LeftOutObjectsAreNoticed)
     add_leaf(cuda, "below");
     add_leaf(root, "Leaf");
     EXPECT_EQ(build(panel), 2);
-    EXPECT_EQ(titles_of(panel), (Texts{"Root", "Leaf"}));
+    EXPECT_EQ(titles_of(panel), (Lines{"Root", "Leaf"}));
     EXPECT_EQ(panel.list_pt[0].nb_child, 2) << "as the host counts";
     EXPECT_EQ(panel.list_pt[0].nb_desc, 1);
-    EXPECT_EQ(reports.lines(), Texts{"11 Cuda_Volume"});
+    EXPECT_EQ(reports.lines(), Lines{"11 Cuda_Volume"});
     add(nullptr, "Cuda_Volume");
     EXPECT_EQ(build(panel), 0);
     EXPECT_EQ(panel.nb, 0);
@@ -177,7 +177,7 @@ TEST_F(ClassProvider, LeavesOfAnotherKindKeepTheirSelection)
     EXPECT_EQ(panel.list_pt[1].select, DB_List::selected);
     own_tree::take_calls();
     panel.List_Select_To_DB(panel.nb, panel.list_pt);
-    EXPECT_EQ(own_tree::take_calls(), (Texts{"flag_off Root 48", "update 258 4 null", "redraw 268435455 null null"}));
+    EXPECT_EQ(own_tree::take_calls(), (Lines{"flag_off Root 48", "update 258 4 null", "redraw 268435455 null null"}));
 }
 
 TEST_F(ClassProvider, RefreshReplacesOrClearsTheMark)
@@ -200,7 +200,7 @@ TEST_F(ClassProvider, WithoutAWindowTheChildIsOfferedAllTheSame)
     own_tree::take_calls();
     panel.List_Select_To_DB(panel.nb, panel.list_pt);
     EXPECT_EQ(
-        own_tree::take_calls(), (Texts{"flag_off Root 48", "flag_on Leaf 80", "change_child null Leaf null",
+        own_tree::take_calls(), (Lines{"flag_off Root 48", "flag_on Leaf 80", "change_child null Leaf null",
                                     "update 2097152 null null", "update 258 4 null", "redraw 268435455 null null"}));
 }
 
@@ -266,7 +266,7 @@ TEST_F(FileProvider, NeighboursShareADirectory)
     files.add("/a/four", {1});
     EXPECT_EQ(build(), 1);
     EXPECT_EQ(titles_of(panel),
-        (Texts{"/a/", "File", "Frame", "File", "Frame", "Frame", "Frame", "/b/", "File", "/a/", "File", "Frame"}));
+        (Lines{"/a/", "File", "Frame", "File", "Frame", "Frame", "Frame", "/b/", "File", "/a/", "File", "Frame"}));
     const DB_List& directory = panel.list_pt[0];
     EXPECT_EQ(directory.nb_child, 2);
     EXPECT_EQ(directory.nb_desc, 6);
@@ -294,7 +294,7 @@ TEST_F(FileProvider, FirstFileWithoutADirectoryHasARowForIt)
     files.add("one.dcm", {1});
     files.add("two.dcm", {1});
     build();
-    EXPECT_EQ(titles_of(panel), (Texts{"-", "File", "Frame", "File", "Frame"}));
+    EXPECT_EQ(titles_of(panel), (Lines{"-", "File", "Frame", "File", "Frame"}));
     EXPECT_EQ(panel.list_pt[0].nb_child, 2);
 }
 
@@ -336,12 +336,12 @@ TEST_F(FileProvider, WithoutAWindowOrAnIteratorNothingIsDone)
     own_tree::take_calls();
     panel.List_Select_From_DB(panel.nb, panel.list_pt);
     panel.List_Select_To_DB(panel.nb, panel.list_pt);
-    EXPECT_EQ(own_tree::take_calls(), Texts());
+    EXPECT_EQ(own_tree::take_calls(), Lines());
     own_tree::show_window();
     own_tree::fail_iterators(true);
     panel.List_Select_From_DB(panel.nb, panel.list_pt);
     panel.List_Select_To_DB(panel.nb, panel.list_pt);
-    EXPECT_EQ(own_tree::take_calls(), Texts());
+    EXPECT_EQ(own_tree::take_calls(), Lines());
     EXPECT_EQ(panel.list_pt[2].select, 0);
 }
 
@@ -357,10 +357,10 @@ TEST_F(FileProvider, ChangesAreWrittenEachWithItsWords)
     own_tree::take_calls();
     panel.List_Select_To_DB(panel.nb, panel.list_pt);
     EXPECT_EQ(own_tree::take_calls(),
-        (Texts{"begin Tool_DB_File::List_Select_To_DB", "flag_on on 16", "update 258 4 on", "redraw 1024 window on",
+        (Lines{"begin Tool_DB_File::List_Select_To_DB", "flag_on on 16", "update 258 4 on", "redraw 1024 window on",
             "flag_off off 16", "update 258 4 null", "redraw 268435072 4 null", "end"}));
     panel.List_Select_To_DB(panel.nb, panel.list_pt);
-    EXPECT_EQ(own_tree::take_calls(), (Texts{"begin Tool_DB_File::List_Select_To_DB", "end"}));
+    EXPECT_EQ(own_tree::take_calls(), (Lines{"begin Tool_DB_File::List_Select_To_DB", "end"}));
     EXPECT_EQ(own_tree::open_iterators(), 0);
 }
 
@@ -389,5 +389,5 @@ TEST_F(FileProvider, ListEndsAtTheLastRowNumberWithCountsThatAgree)
     EXPECT_EQ(panel.list_pt[0].nb_desc, 60002);
     EXPECT_EQ(panel.list_pt[60003].nb_desc, 65534 - 60003);
     EXPECT_EQ(panel.list_pt[60004].nb_child, 65534 - 60004);
-    EXPECT_EQ(reports.lines(), Texts());
+    EXPECT_EQ(reports.lines(), Lines());
 }
