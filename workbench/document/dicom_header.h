@@ -21,8 +21,8 @@ struct DicomFrame {
 struct DicomHeader {
     std::filesystem::path path;
     std::string study_uid, series_uid;
-    std::string series; ///< description. UTF-8, as all texts here
-    std::string study;  ///< description
+    std::string series;     ///< description. UTF-8, as all texts here
+    std::string study;      ///< description
     std::string study_date; ///< "2024-05-31"; empty when it is not said
     std::string patient;
     std::string modality;

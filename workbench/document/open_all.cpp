@@ -111,8 +111,8 @@ Result<OpenedImages> open_all(const Paths& paths, const Progress& progress)
         for (const Path& path : wanted->others)
             opener.open(path, [&](const Progress& part) { return document::open({path}, part); });
         for (const Stack& stack : wanted->stacks)
-            opener.open(stack[0].path,
-                [&](const Progress& part) { return completed(read_stack(stack, part), stack[0].path); });
+            opener.open(
+                stack[0].path, [&](const Progress& part) { return completed(read_stack(stack, part), stack[0].path); });
         return opener.result();
     });
 }

@@ -109,8 +109,8 @@ void take_frames(Volume& volume, const Frames& frames)
     for (const auto& [header, index, place] : frames) {
         if (one_file && !place)
             return; // counted by whoever completes the volume
-        volume.frames.push_back({place.value_or(0), one_file ? index + 1 : header->instance,
-            header->path.string(), header->is_scout});
+        volume.frames.push_back(
+            {place.value_or(0), one_file ? index + 1 : header->instance, header->path.string(), header->is_scout});
     }
 }
 

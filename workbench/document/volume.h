@@ -14,9 +14,9 @@ namespace document {
 
 /// What is known of one frame (slice) of a volume.
 struct Frame {
-    double position = 0; ///< along the normal of the frames, millimetres
-    int instance = 0;    ///< the number that the header gives, else counted from 1
-    std::string file;    ///< the file it came from, UTF-8
+    double position = 0;   ///< along the normal of the frames, millimetres
+    int instance = 0;      ///< the number that the header gives, else counted from 1
+    std::string file;      ///< the file it came from, UTF-8
     bool is_scout = false; ///< made to plan others on
 };
 
@@ -39,7 +39,7 @@ public:
     std::string study;
     std::string study_date; ///< "2024-05-31"
     std::string study_uid, series_uid;
-    int series_number = 0; ///< 0 when unknown
+    int series_number = 0;          ///< 0 when unknown
     std::string series;             ///< what the series is called; for files without such a name the file's
     std::vector<Frame> frames;      ///< one each
     std::vector<std::string> files; ///< that it was read from, UTF-8, in the order of the frames

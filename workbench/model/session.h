@@ -85,8 +85,8 @@ public:
 
     /// Makes `labels`, which were loaded from `path`, the labels of the image, and `table`, when there is one with
     /// them, the tags' names, colours and thresholds: one step that can be undone. Fails when the labels do not have
-    /// the size of the image or memory is short; nothing has changed then. Labels that are another series' keep belonging
-    /// to that: labelPath() is empty then.
+    /// the size of the image or memory is short; nothing has changed then. Labels that are another series' keep
+    /// belonging to that: labelPath() is empty then.
     std::optional<document::Failure> adoptLabels(
         const document::LabelMap& labels, const QString& path, const std::optional<document::LabelTable>& table = {});
 

@@ -108,8 +108,7 @@ bool Session::adoptPropagation(const Propagation& work)
         if (Steps steps = work.steps(image_->labels); !steps.empty()) {
             const QString text = count == 1 ? tr("Propagate to slice %1").arg(work.last() + 1)
                                             : tr("Propagate over %1 slices").arg(count);
-            undoStack().push(
-                new LabelCommand(*this, text, std::move(steps), image_->revision, ++lastRevision_, false));
+            undoStack().push(new LabelCommand(*this, text, std::move(steps), image_->revision, ++lastRevision_, false));
         } else {
             emit message(tr("Nothing was carried over: no pixel had to change."));
         }

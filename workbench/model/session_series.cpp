@@ -118,8 +118,8 @@ void Session::showSeries(const Series& series)
     selection_.chooseAll();
 }
 
-// What is being done with the one before is brought to its end. Markers that were named before anything was open are the
-// first one's.
+// What is being done with the one before is brought to its end. Markers that were named before anything was open are
+// the first one's.
 void Session::makeCurrent(const Series& series)
 {
     endStroke();

@@ -154,7 +154,8 @@ void Files::whenSaved(const Series& series, std::function<void()> then)
     } else {
         session_.showSeries(series);
         const auto again = [this, series, then] { whenSaved(series, then); };
-        askToSave(unsavedText(), [this, again] { saveWhatIsUnsaved(again); }, then);
+        askToSave(
+            unsavedText(), [this, again] { saveWhatIsUnsaved(again); }, then);
     }
 }
 
@@ -164,11 +165,12 @@ void Files::whenRestIsSaved(std::function<void()> then)
         whenIdle_ = [this, then = std::move(then)] { whenRestIsSaved(then); };
     } else if (!session_.hasImage() && session_.markers().isModified()) {
         const auto again = [this, then] { whenRestIsSaved(then); };
-        askToSave(tr("The markers are not saved."), [this, again] { saveMarkersAndThen(again); }, then);
+        askToSave(
+            tr("The markers are not saved."), [this, again] { saveMarkersAndThen(again); }, then);
     } else if (session_.isTableModified()) {
         const auto again = [this, then] { whenRestIsSaved(then); };
-        askToSave(tr("Names, colours and thresholds of the tags are not saved."), [this, again] { saveTable(again); },
-            then);
+        askToSave(
+            tr("Names, colours and thresholds of the tags are not saved."), [this, again] { saveTable(again); }, then);
     } else {
         then();
     }
@@ -183,8 +185,7 @@ QString Files::unsavedText() const
                   : tr("The markers of \"%1\" are not saved.").arg(session_.imageName());
 }
 
-void Files::askToSave(
-    const QString& text, const std::function<void()>& save, const std::function<void()>& discarded)
+void Files::askToSave(const QString& text, const std::function<void()>& save, const std::function<void()>& discarded)
 {
     auto* box = messageBox(QMessageBox::Question, text);
     box->setInformativeText(tr("Without saving, what was done since the last time is lost."));

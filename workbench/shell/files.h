@@ -48,8 +48,8 @@ public:
     void saveAs() { chooseTarget({}); }
     void saveTableAs() { chooseTableTarget({}); }
 
-    /// Saves to this file, refused when it is an image's or another series' label map, and to the table beside it when there is something to
-    /// say. @param then  called when they are saved
+    /// Saves to this file, refused when it is an image's or another series' label map, and to the table beside it when
+    /// there is something to say. @param then  called when they are saved
     void saveTo(const QString& path, std::function<void()> then = {});
 
     /// Saves names, colours and thresholds alone. @param then  called when they are saved
@@ -94,8 +94,7 @@ private:
     void whenSaved(const Series& series, std::function<void()> then);
     void whenAllAreSaved(std::vector<Series> rest, std::function<void()> then);
     void whenRestIsSaved(std::function<void()> then);
-    void askToSave(
-        const QString& text, const std::function<void()>& save, const std::function<void()>& discarded);
+    void askToSave(const QString& text, const std::function<void()>& save, const std::function<void()>& discarded);
     void saveTable(const std::function<void()>& then);
     void saveWhatIsUnsaved(const std::function<void()>& then);
     void saveAndThen(const std::function<void()>& then);

@@ -23,7 +23,8 @@ namespace workbench {
 
 MainWindow::MainWindow(Session& session)
     : session_(session), files_(session, *this), view_(new ImageView(session)), slices_(new QSlider(Qt::Horizontal)),
-      splitter_(new QSplitter), database_(new DatabaseDock(session)), column_(new ToolColumn), opacity_(new OpacityRow), status_(new StatusLine)
+      splitter_(new QSplitter), database_(new DatabaseDock(session)), column_(new ToolColumn), opacity_(new OpacityRow),
+      status_(new StatusLine)
 {
     splitter_->addWidget(database_);
     splitter_->addWidget(column_);

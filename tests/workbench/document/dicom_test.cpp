@@ -259,7 +259,8 @@ TEST(Dicom, DamagedFrameOfASeriesIsNamed)
     EXPECT_NE(message.find("\"a1\" is cut off"), std::string::npos) << message;
 }
 
-// ----------------------------------------------------------------------------------------------- several series at once
+// ----------------------------------------------------------------------------------------------- several series at
+// once
 
 TEST(OpenAll, OfAFolderEverySeriesIsOpenedInTheOrderOfNumbers)
 {

@@ -10,10 +10,7 @@ protected:
     static Strato_2D*& shown() { return hostkit::Array_Variable<Strato_2D*>("$FRAME_CUR")[0]; }
     static void* display_state() { return reinterpret_cast<void*>(4); }
     static int files() { return hostkit::Variable<unsigned short>("$DB_2D_FILE_NB"); }
-    static const File_Record* file(int index)
-    {
-        return hostkit::Array_Variable<File_Record*>("$DB_2D_FILE_PT")[index];
-    }
+    static const File_Record* file(int index) { return hostkit::Array_Variable<File_Record*>("$DB_2D_FILE_PT")[index]; }
 
     // As a list does it.
     static void select_only(Strato_2D* frame)

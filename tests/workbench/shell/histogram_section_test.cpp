@@ -167,7 +167,7 @@ TEST_F(Histogram, ARangeTurnedRoundIsTurnedBack)
 TEST_F(Histogram, ASelectionMadeElsewhereIsTold)
 {
     showImage();
-    auto* const series = hostkit::Object_Variable<Strato_2D>("$DB_2D_ROOT_PT")->Child_Get_Pt(0);
+    auto* const series = hostkit::Object_Variable<Strato_2D>("$DB_2D_ROOT_PT")->Child_Get_Pt(0)->Child_Get_Pt(0);
     for (const int z : {1, 3})
         series->Child_Get_Pt(z)->Flag_Set_Off(16, reinterpret_cast<void*>(4), 512);
     const QImage before = shown();
