@@ -52,7 +52,8 @@ public:
         hostkit::Variable<unsigned char>("$REGIONAL_SEPARATOR") = request.separator;
         if (request.mostBins)
             hostkit::Variable<unsigned short>("$GLI_HISTO_BINS_MAX") = *request.mostBins;
-        tree_.replace(volume_, 0);
+        tree_.setCurrent(tree_.add(volume_));
+        tree_.show(0);
     }
 
     MaybeFailure select()

@@ -11,7 +11,7 @@ namespace workbench {
 
 namespace {
 
-QString nameOf(const document::LabelEntry& entry)
+QString textOf(const document::LabelEntry& entry)
 {
     return QString::fromStdString(entry.name);
 }
@@ -105,7 +105,7 @@ QString Session::titleOf(unsigned tag, const QString& name)
 QString Session::stepText(const document::LabelEntry& before, const document::LabelEntry& after)
 {
     const auto tag = static_cast<unsigned>(after.tag);
-    const QString was = titleOf(tag, nameOf(before)), is = nameOf(after);
+    const QString was = titleOf(tag, textOf(before)), is = textOf(after);
     const bool renamed = before.name != after.name;
     const bool coloured = colourOf(before) != colourOf(after);
     const bool bounded = before.thresholds != after.thresholds;
