@@ -24,7 +24,7 @@ std::vector<std::string> labels(double from, double to, Round_Step step)
 }
 
 using Values = std::vector<double>;
-using Labels = std::vector<std::string>;
+using Written = std::vector<std::string>;
 
 }
 
@@ -89,44 +89,44 @@ TEST(Ticks, AreFewAtTheEndsOfTheNumbers)
 
 TEST(TickLabels, HaveNoNeedlessDigits)
 {
-    EXPECT_EQ(labels(0, 1.5, {5, -1}), (Labels{"0", "0.5", "1", "1.5"}));
-    EXPECT_EQ(labels(1234.5, 1234.6, {5, -2}), (Labels{"1234.5", "1234.55", "1234.6"}));
-    EXPECT_EQ(labels(0, 0.0002, {1, -4}), (Labels{"0", "0.0001", "0.0002"}));
+    EXPECT_EQ(labels(0, 1.5, {5, -1}), (Written{"0", "0.5", "1", "1.5"}));
+    EXPECT_EQ(labels(1234.5, 1234.6, {5, -2}), (Written{"1234.5", "1234.55", "1234.6"}));
+    EXPECT_EQ(labels(0, 0.0002, {1, -4}), (Written{"0", "0.0001", "0.0002"}));
 }
 
 TEST(TickLabels, HaveATrueMinus)
 {
-    EXPECT_EQ(labels(-1000, 1000, {1, 3}), (Labels{"\xE2\x88\x92"
-                                                   "1000",
+    EXPECT_EQ(labels(-1000, 1000, {1, 3}), (Written{"\xE2\x88\x92"
+                                                    "1000",
                                                "0", "1000"}));
     EXPECT_EQ(labels(-0.2, 0, {1, -1}).back(), "0");
 }
 
 TEST(TickLabels, AreWrittenOutUpToFiveDigits)
 {
-    EXPECT_EQ(labels(0, 60000, {2, 4}), (Labels{"0", "20000", "40000", "60000"}));
+    EXPECT_EQ(labels(0, 60000, {2, 4}), (Written{"0", "20000", "40000", "60000"}));
 }
 
 TEST(TickLabels, OfLargeNumbersHaveOneUnit)
 {
-    EXPECT_EQ(labels(0, 150000, {5, 4}), (Labels{"0", "50k", "100k", "150k"}));
-    EXPECT_EQ(labels(0, 1500000, {5, 5}), (Labels{"0", "0.5M", "1M", "1.5M"}));
-    EXPECT_EQ(labels(0, 4e9, {2, 9}), (Labels{"0", "2G", "4G"}));
+    EXPECT_EQ(labels(0, 150000, {5, 4}), (Written{"0", "50k", "100k", "150k"}));
+    EXPECT_EQ(labels(0, 1500000, {5, 5}), (Written{"0", "0.5M", "1M", "1.5M"}));
+    EXPECT_EQ(labels(0, 4e9, {2, 9}), (Written{"0", "2G", "4G"}));
 }
 
 TEST(TickLabels, AreWrittenOutWhereAUnitWouldBeLonger)
 {
-    EXPECT_EQ(labels(1234520, 1234540, {1, 1}), (Labels{"1234520", "1234530", "1234540"}));
-    EXPECT_EQ(labels(123456.5, 123457, {5, -1}), (Labels{"123456.5", "123457"}));
+    EXPECT_EQ(labels(1234520, 1234540, {1, 1}), (Written{"1234520", "1234530", "1234540"}));
+    EXPECT_EQ(labels(123456.5, 123457, {5, -1}), (Written{"123456.5", "123457"}));
 }
 
 TEST(TickLabels, OfExtremeNumbersHaveAPowerOfTen)
 {
-    EXPECT_EQ(labels(0, 2e-9, {1, -9}), (Labels{"0", "1e-09", "2e-09"}));
-    EXPECT_EQ(labels(0, 2e20, {1, 20}), (Labels{"0", "1e+20", "2e+20"}));
+    EXPECT_EQ(labels(0, 2e-9, {1, -9}), (Written{"0", "1e-09", "2e-09"}));
+    EXPECT_EQ(labels(0, 2e20, {1, 20}), (Written{"0", "1e+20", "2e+20"}));
 }
 
 TEST(TickLabels, AreNoneWithoutTicks)
 {
-    EXPECT_EQ(labels(1, 4, {5, 0}), Labels{});
+    EXPECT_EQ(labels(1, 4, {5, 0}), Written{});
 }
