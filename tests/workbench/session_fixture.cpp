@@ -30,6 +30,9 @@ document::Opened made_image(int width, int height, int depth, std::array<double,
 document::Opened image_of_two_peaks()
 {
     auto opened = made_image(100, 100, 1);
+    opened.volume.files = {"/images/two_peaks.nii"};
+    for (auto& frame : opened.volume.frames)
+        frame.file = opened.volume.files[0];
     auto* pixel = reinterpret_cast<std::uint16_t*>(opened.volume.pixels.data());
     for (int i = 0; i < 100 * 100; ++i)
         pixel[i] = static_cast<std::uint16_t>((i % 2 ? 200 : 700) + 40 * std::sin(i * 0.7) * std::cos(i * 1.3));

@@ -55,8 +55,8 @@ DatabaseDock::DatabaseDock(Session& session, QWidget* parent)
       classWidget_(Widget_From_Window(classes_.window())), fileWidget_(Widget_From_Window(files_.window())),
       tabs_(new QTabWidget), toggle_(new QAction(tr("&Database"), this)), keys_({&classes_.host(), &files_.host()})
 {
-    classes_.host().Set_Look(theme::panelLook());
-    files_.host().Set_Look(theme::panelLook());
+    classes_.host().Set_Look(theme::listLook());
+    files_.host().Set_Look(theme::listLook());
     tabs_->addTab(classWidget_, tr("Studies"));
     tabs_->addTab(fileWidget_, tr("Files"));
     tabs_->setDocumentMode(true);

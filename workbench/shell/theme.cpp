@@ -119,6 +119,12 @@ hostkit::Panel_Look panelLook()
     return {.frame = panelColor(line), .back = panelColor(panel), .text = panelColor(text)};
 }
 
+// Lists write in yellow, blue, black and dark red; a middle grey is where all of them can be read.
+hostkit::Panel_Look listLook()
+{
+    return {.frame = {0x5c, 0x63, 0x6b}, .back = {0x95, 0x9b, 0xa2}, .text = {0x14, 0x18, 0x1c}};
+}
+
 void setInterfaceSize(int percent)
 {
     const double scale = percent / 100.0;

@@ -28,6 +28,9 @@ void apply();
 /// The same colours for the panels.
 hostkit::Panel_Look panelLook();
 
+/// The look of the lists of the database.
+hostkit::Panel_Look listLook();
+
 /// Scales the application's font and, from what they are when it is first called, the panels' dimensions. Every panel
 /// has to be laid out afterwards.
 void setInterfaceSize(int percent);
