@@ -1,72 +1,32 @@
 #include "hostkit/gadgets/tga.h"
 
-#include <algorithm>
+#define STB_IMAGE_IMPLEMENTATION
+#define STB_IMAGE_STATIC
+#define STBI_ONLY_TGA
+#define STBI_NO_STDIO
+#define STBI_MAX_DIMENSIONS 256
+#include <memory>
+#include <stb_image.h>
 
 namespace hostkit {
 
 namespace {
 
-// Takes a file to pieces; what lies behind its end is 0, and remembered.
-class Bytes {
-public:
-    explicit Bytes(std::string_view bytes) : rest_(bytes) {}
-
-    unsigned byte()
-    {
-        const std::string_view taken = take(1);
-        return taken.empty() ? 0 : static_cast<unsigned char>(taken[0]);
-    }
-
-    unsigned word()
-    {
-        const unsigned low = byte();
-        return low | byte() << 8;
-    }
-
-    std::string_view take(size_t count)
-    {
-        whole_ = whole_ && count <= rest_.size();
-        const std::string_view taken = rest_.substr(0, count);
-        rest_.remove_prefix(taken.size());
-        return taken;
-    }
-
-    bool whole() const { return whole_; }
-
-private:
-    std::string_view rest_;
-    bool whole_ = true;
-};
-
-struct Header {
-    bool packed;
-    bool top_row_first;
-    bool has_alpha;
-    int width;
-    int height;
-};
-
-std::optional<Header> read_header(Bytes& file)
+unsigned byte_at(std::string_view file, size_t place)
 {
+    return static_cast<unsigned char>(file[place]);
+}
+
+// stb_image takes what is missing at the end for black.
+bool is_cut_off(std::string_view file, int width, int height)
+{
+    constexpr size_t head = 18;
     constexpr unsigned plain_colors = 2;
-    constexpr unsigned packed_colors = 10;
-    constexpr unsigned most_pixels = 256; // along an edge
-    const unsigned text_length = file.byte();
-    const unsigned has_palette = file.byte();
-    const unsigned kind = file.byte();
-    file.take(5 + 4); // palette, place
-    const unsigned width = file.word();
-    const unsigned height = file.word();
-    const unsigned depth = file.byte();
-    const unsigned order = file.byte();
-    file.take(text_length);
-    const bool has_size = width > 0 && width <= most_pixels && height > 0 && height <= most_pixels;
-    const bool from_the_right = (order & 0x10) != 0;
-    if (!file.whole() || has_palette || (kind != plain_colors && kind != packed_colors) || !has_size ||
-        (depth != 24 && depth != 32) || from_the_right)
-        return std::nullopt;
-    return Header{
-        kind == packed_colors, (order & 0x20) != 0, depth == 32, static_cast<int>(width), static_cast<int>(height)};
+    if (file.size() < head)
+        return true;
+    const size_t pixels = static_cast<size_t>(width) * static_cast<size_t>(height);
+    const size_t content = byte_at(file, 2) == plain_colors ? pixels * (byte_at(file, 16) / 8) : 1;
+    return file.size() < head + byte_at(file, 0) + content;
 }
 
 unsigned multiplied(unsigned channel, unsigned alpha)
@@ -74,53 +34,25 @@ unsigned multiplied(unsigned channel, unsigned alpha)
     return (channel * alpha + 127) / 255;
 }
 
-unsigned read_pixel(Bytes& file, bool has_alpha)
-{
-    const unsigned blue = file.byte();
-    const unsigned green = file.byte();
-    const unsigned red = file.byte();
-    const unsigned alpha = has_alpha ? file.byte() : 255;
-    return alpha << 24 | multiplied(red, alpha) << 16 | multiplied(green, alpha) << 8 | multiplied(blue, alpha);
-}
-
-// Runs may reach over the ends of rows.
-void read_pixels(Bytes& file, const Header& header, std::vector<unsigned>& pixels, size_t count)
-{
-    while (pixels.size() < count && file.whole()) {
-        const unsigned packet = header.packed ? file.byte() : 0;
-        const size_t length = std::min<size_t>((packet & 0x7f) + 1, count - pixels.size());
-        if (packet & 0x80) {
-            pixels.insert(pixels.end(), length, read_pixel(file, header.has_alpha));
-            continue;
-        }
-        for (size_t i = 0; i < length; ++i)
-            pixels.push_back(read_pixel(file, header.has_alpha));
-    }
-}
-
-void turn_over(Alpha_Picture& picture)
-{
-    const auto row = [&](int y) { return picture.pixels.begin() + y * picture.width; };
-    for (int y = 0; y < picture.height / 2; ++y)
-        std::swap_ranges(row(y), row(y + 1), row(picture.height - 1 - y));
-}
-
 }
 
 std::optional<Alpha_Picture> read_tga(std::string_view bytes)
 {
-    Bytes file(bytes);
-    const auto header = read_header(file);
-    if (!header)
+    constexpr int channels = 4;
+    Alpha_Picture picture;
+    int of_file = 0;
+    const std::unique_ptr<stbi_uc, void (*)(void*)> loaded(
+        stbi_load_from_memory(reinterpret_cast<const stbi_uc*>(bytes.data()), static_cast<int>(bytes.size()),
+            &picture.width, &picture.height, &of_file, channels),
+        stbi_image_free);
+    if (!loaded || is_cut_off(bytes, picture.width, picture.height))
         return std::nullopt;
-    Alpha_Picture picture{header->width, header->height, {}};
-    const size_t count = static_cast<size_t>(header->width) * static_cast<size_t>(header->height);
-    picture.pixels.reserve(count);
-    read_pixels(file, *header, picture.pixels, count);
-    if (!file.whole())
-        return std::nullopt;
-    if (!header->top_row_first)
-        turn_over(picture);
+    const stbi_uc* end = loaded.get() + picture.width * picture.height * channels;
+    for (const stbi_uc* pixel = loaded.get(); pixel != end; pixel += channels) {
+        const unsigned alpha = pixel[3];
+        picture.pixels.push_back(alpha << 24 | multiplied(pixel[0], alpha) << 16 | multiplied(pixel[1], alpha) << 8 |
+                                 multiplied(pixel[2], alpha));
+    }
     return picture;
 }
 

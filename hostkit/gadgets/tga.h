@@ -16,8 +16,8 @@ struct Alpha_Picture {
     std::vector<unsigned> pixels;
 };
 
-/// Reads a TGA file of colours, 24 or 32 bits a pixel, plain or run-length coded, of at most 256 x 256 pixels.
-/// @param bytes the whole file @return nothing when it is another kind of file, or not whole
+/// Reads a TGA file of at most 256 x 256 pixels.
+/// @param bytes the whole file @return nothing when it is another kind of file, or its plain pixels are cut off
 GADGETS_API std::optional<Alpha_Picture> read_tga(std::string_view bytes);
 
 }

@@ -68,15 +68,9 @@ TEST(Tga, ItsTextIsPassedOver)
 TEST(Tga, IsNothingWhenItIsNotWhole)
 {
     const std::string plain = tga_head(2, 2, 32) + "aaaabbbbccccdddd";
-    const std::string packed = tga_head(2, 2, 32, 10) +
-                               "\x82"
-                               "aaaa" +
-                               std::string(1, '\0') + "bbbb";
-    for (const std::string& file : {plain, packed}) {
-        ASSERT_TRUE(read_tga(file));
-        for (size_t length = 0; length < file.size(); ++length)
-            EXPECT_FALSE(read_tga(std::string_view(file).substr(0, length))) << length;
-    }
+    ASSERT_TRUE(read_tga(plain));
+    for (size_t length = 0; length < plain.size(); ++length)
+        EXPECT_FALSE(read_tga(std::string_view(plain).substr(0, length))) << length;
 }
 
 TEST(Tga, OtherKindsAreNone)
@@ -85,10 +79,7 @@ TEST(Tga, OtherKindsAreNone)
     ASSERT_TRUE(read_tga(tga_head(1, 1, 32) + pixel));
     EXPECT_FALSE(read_tga(tga_head(0, 1, 32) + pixel));
     EXPECT_FALSE(read_tga(tga_head(1, 0, 32) + pixel));
-    EXPECT_FALSE(read_tga(tga_head(1, 1, 16) + pixel));
-    EXPECT_FALSE(read_tga(tga_head(1, 1, 8, 3) + pixel)) << "grey";
     EXPECT_FALSE(read_tga(with_byte(tga_head(1, 1, 32), 1, 1) + pixel)) << "with a palette";
-    EXPECT_FALSE(read_tga(tga_head(1, 1, 32, 2, 0x30) + pixel)) << "from right to left";
     EXPECT_FALSE(read_tga(tga_head(257, 1, 32) + std::string(257 * 4, 'a'))) << "too wide";
     EXPECT_FALSE(read_tga("\x89PNG\r\n\x1a\n and what follows"));
 }
