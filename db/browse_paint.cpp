@@ -207,7 +207,7 @@ private:
 
     void draw_connectors(const DB_List& row, const Level_Flags& last_sibling, int y) const
     {
-        constexpr int in_lead = 7, down = 8, up = 18; // down to the lead of the row below
+        constexpr int in_lead = 7, down = 2, up = 18;
         Current_Color = blue;
         const frame::Selected pen(CreatePen(PS_SOLID, 1, Current_Color));
         for (int level = 0; level < row.level; ++level) {
