@@ -25,13 +25,14 @@ fs::path icons_of(const fs::path& program)
     return !fs::is_directory(beside, ignored) && fs::is_directory(above, ignored) ? above : beside;
 }
 
-// Kept until the process ends.
-const char* icon_folder()
+std::string icon_folder()
 {
     const std::u8string folder = (icons_of(running_program()) / "").generic_u8string();
-    return (new std::string(folder.begin(), folder.end()))->c_str();
+    return {folder.begin(), folder.end()};
 }
+
+const std::string folder = icon_folder();
 
 }
 
-const char* Prog_Name = icon_folder();
+const char* Prog_Name = folder.c_str();

@@ -32,10 +32,10 @@ protected:
             std::uniform_int_distribution<std::int64_t> anywhere(Limits::min(), Limits::max());
             const std::int64_t first = anywhere(random);
             const auto span = static_cast<std::int64_t>(std::exp2(between(0, 8 * sizeof(Pixel))));
-            std::uniform_int_distribution<std::int64_t> near(
+            std::uniform_int_distribution<std::int64_t> in_span(
                 first, std::min<std::int64_t>(first + span, Limits::max()));
             for (Pixel& pixel : pixels)
-                pixel = static_cast<Pixel>(near(random));
+                pixel = static_cast<Pixel>(in_span(random));
         }
         return pixels;
     }

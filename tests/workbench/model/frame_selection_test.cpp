@@ -51,8 +51,9 @@ protected:
 
 TEST_F(Selection, WithoutAnImageThereIsNothingToSelect)
 {
-    for (const auto choose : {&FrameSelection::chooseAll, &FrameSelection::chooseShown, &FrameSelection::followShown})
-        (selection.*choose)();
+    selection.chooseAll();
+    selection.chooseShown();
+    selection.followShown();
     selection.chooseRange(2, 5);
     EXPECT_EQ(selection.count(), 0);
     EXPECT_EQ(selection.first(), 0);
