@@ -10,6 +10,9 @@
 /// Series with pixels that a test says.
 namespace test {
 
+// The number alone: a test that names the member itself asks Windows to import it.
+constexpr int no_value = Strato_2D_Frame::no_value;
+
 struct Rgb {
     unsigned char red, green, blue;
 };

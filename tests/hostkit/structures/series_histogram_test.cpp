@@ -174,9 +174,9 @@ TEST_F(SeriesHistogram, LeavesInfiniteOnesAndNotANumberOutAndSaysSoOnce)
     EXPECT_EQ(hostkit::Series_Grey_Factor(series), 1);
     EXPECT_EQ(sum_of(histogram(0)), 2u);
     EXPECT_EQ(sum_of(histogram(1)), 1u);
-    EXPECT_EQ(raw(1), Strato_2D_Frame::no_value);
-    EXPECT_EQ(raw(0, 1), Strato_2D_Frame::no_value);
-    EXPECT_EQ(raw(2, 1), Strato_2D_Frame::no_value);
+    EXPECT_EQ(raw(1), no_value);
+    EXPECT_EQ(raw(0, 1), no_value);
+    EXPECT_EQ(raw(2, 1), no_value);
     EXPECT_EQ(reports.texts(4),
         std::vector<std::string>{"3 pixels of \"made\" are infinite or not a number; histograms leave them out."});
 }
@@ -186,7 +186,7 @@ TEST_F(SeriesHistogram, AValueThatItsSlopeMakesInfiniteIsLeftOut)
     const std::vector<double> pixels{0, 1, 1e200};
     make(pixels, 1e200);
     EXPECT_EQ(sum_of(histogram()), 2u);
-    EXPECT_EQ(raw(2), Strato_2D_Frame::no_value);
+    EXPECT_EQ(raw(2), no_value);
 }
 
 TEST_F(SeriesHistogram, WithoutAnyNumberThereIsNone)
@@ -238,7 +238,7 @@ TEST_F(SeriesHistogram, WithoutPixelsThereIsNeitherHistogramNorValue)
 {
     make({}, 2);
     EXPECT_EQ(frames[0]->Histogram_Get(), nullptr);
-    EXPECT_EQ(raw(0), Strato_2D_Frame::no_value);
+    EXPECT_EQ(raw(0), no_value);
     EXPECT_EQ(Fct_GLI_2_Float(frames[0], 5), 0);
     EXPECT_EQ(Fct_GLI_2_Float(nullptr, 5), 0);
     EXPECT_EQ(hostkit::Series_Grey_Factor(series), 1);
@@ -254,7 +254,7 @@ TEST_F(SeriesHistogram, AFrameBeyondThePixelsHasNone)
     make({hostkit::Pixel_Type::u8, pixels.data(), 1, 1, 2, 1, 0, ""}, 3);
     EXPECT_NE(frames[1]->Histogram_Get(), nullptr);
     EXPECT_EQ(frames[2]->Histogram_Get(), nullptr);
-    EXPECT_EQ(raw(0, 2), Strato_2D_Frame::no_value);
+    EXPECT_EQ(raw(0, 2), no_value);
 }
 
 TEST_F(SeriesHistogram, PlacesOutsideTheImageHaveNoValue)
@@ -265,7 +265,7 @@ TEST_F(SeriesHistogram, PlacesOutsideTheImageHaveNoValue)
     EXPECT_EQ(at(0, 0), 11);
     EXPECT_EQ(at(2.9f, 1.9f), 16);
     for (const auto& [x, y] : {std::pair{-0.1f, 0.f}, {3.f, 0.f}, {0.f, -1.f}, {0.f, 2.f}, {NAN, 0.f}})
-        EXPECT_EQ(at(x, y), Strato_2D_Frame::no_value);
+        EXPECT_EQ(at(x, y), no_value);
 }
 
 TEST_F(SeriesHistogram, LargestWholeNumbersAreNotTakenForNoValue)

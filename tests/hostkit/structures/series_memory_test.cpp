@@ -24,7 +24,7 @@ TEST_F(SeriesMemory, TooLittleIsReportedOnceAndLeavesNoHistogram)
     largest_allocation = 10000;
     for (auto* frame : frames)
         EXPECT_EQ(frame->Histogram_Get(), nullptr);
-    EXPECT_EQ(raw(5), Strato_2D_Frame::no_value);
+    EXPECT_EQ(raw(5), no_value);
     EXPECT_EQ(Fct_GLI_2_Float(frames[0], 5), 0);
     EXPECT_EQ(hostkit::Series_Grey_Factor(series), 1);
     EXPECT_EQ(reports.texts(2), std::vector<std::string>{"There is not enough memory for the histograms of \"made\". "
