@@ -1,3 +1,4 @@
+#include "bench/shown_window.h"
 #include "db/tool_db_class.h"
 #include "db/tool_db_file.h"
 #include "hostkit/structures/files.h"
@@ -17,24 +18,9 @@ namespace {
 
 constexpr int most_rows = 65535;
 
-LRESULT CALLBACK plain_window(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
-{
-    return DefWindowProcA(window, message, wparam, lparam);
-}
-
 HWND main_window()
 {
-    static const HWND window = [] {
-        WNDCLASSA description{};
-        description.lpfnWndProc = plain_window;
-        description.hInstance = GetModuleHandleA(nullptr);
-        description.lpszClassName = "Vetra bench";
-        RegisterClassA(&description);
-        const HWND made = CreateWindowExA(0, "Vetra bench", "", WS_OVERLAPPEDWINDOW, 0, 0, 400, 800, nullptr, nullptr,
-            description.hInstance, nullptr);
-        ShowWindow(made, SW_SHOW);
-        return made;
-    }();
+    static const HWND window = bench::shown_window(400, 800);
     return window;
 }
 

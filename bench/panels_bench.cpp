@@ -1,3 +1,4 @@
+#include "bench/shown_window.h"
 #include "hostkit/embedding/panel_slot.h"
 #include "hostkit/structures/registry.h"
 #include "hostkit/structures/segmentation.h"
@@ -11,24 +12,9 @@ namespace {
 using hostkit::Panel_Slot;
 using hostkit::Variable;
 
-LRESULT CALLBACK plain_window(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
-{
-    return DefWindowProcA(window, message, wparam, lparam);
-}
-
 HWND main_window()
 {
-    static const HWND window = [] {
-        WNDCLASSA description{};
-        description.lpfnWndProc = plain_window;
-        description.hInstance = GetModuleHandleA(nullptr);
-        description.lpszClassName = "Vetra bench";
-        RegisterClassA(&description);
-        const HWND made = CreateWindowExA(0, "Vetra bench", "", WS_OVERLAPPEDWINDOW, 0, 0, 800, 2000, nullptr, nullptr,
-            description.hInstance, nullptr);
-        ShowWindow(made, SW_SHOW);
-        return made;
-    }();
+    static const HWND window = bench::shown_window(800, 2000);
     return window;
 }
 

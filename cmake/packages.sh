@@ -4,6 +4,7 @@ build_packages=(g++ cmake ninja-build ccache qt6-base-dev libgl-dev libinsightto
   libdcmtk-dev libopenjp2-7-dev libcharls-dev
   libeigen3-dev libstb-dev libcli11-dev libgtest-dev googletest libbenchmark-dev zlib1g-dev nlohmann-json3-dev fonts-dejavu-core)
 sample_packages=(mricron-data)
+test_packages=(python3-pydicom) # real DICOM files
 windows_packages=(g++-mingw-w64-x86-64-posix)
 
 install_missing() { # PACKAGE...
