@@ -1,3 +1,4 @@
+#include "platform/qt/dialog.h"
 #include "platform/qt/key_table.h"
 #include "platform/qt/window.h"
 
@@ -217,18 +218,31 @@ LPARAM key_flags(const QKeyEvent& event)
     return once | (is_system_key(event) ? alt_is_down : 0);
 }
 
+// Whoever is told of the key can look at what it types, which comes next.
+void post_characters(HWND window, const QString& text)
+{
+    const auto characters = text.toUcs4();
+    for (const uint character : characters)
+        PostMessageA(window, WM_CHAR, character, 1);
+}
+
 }
 
 void Window::keyPressEvent(QKeyEvent* event)
 {
-    bool used = false;
     const bool system = is_system_key(*event);
-    if (const int key = virtual_key(*event); key != 0)
-        used = offer(system ? WM_SYSKEYDOWN : WM_KEYDOWN, static_cast<WPARAM>(key), key_flags(*event));
-    const bool types = !system && event->key() != Qt::Key_Delete;
-    const auto characters = types ? event->text().toUcs4() : QList<uint>();
-    for (const uint character : characters)
-        used = (Window::of(handle()) && offer(WM_CHAR, character, 1)) || used;
+    MSG message{};
+    message.hwnd = handle();
+    message.message = system ? WM_SYSKEYDOWN : WM_KEYDOWN;
+    message.wParam = static_cast<WPARAM>(virtual_key(*event));
+    message.lParam = key_flags(*event);
+    if (Dialog::takes_key(message))
+        return event->accept();
+    if (!system && event->key() != Qt::Key_Delete)
+        post_characters(handle(), event->text());
+    bool used = message.wParam != 0 && offer(message.message, message.wParam, message.lParam);
+    while (take_posted(handle(), WM_CHAR, message))
+        used = (!destroyed() && offer(message.message, message.wParam, message.lParam)) || used;
     event->setAccepted(used);
 }
 

@@ -21,8 +21,9 @@ public:
 
     bool eventFilter(QObject* object, QEvent* event) override;
 
-private:
     void follow_buttons(Qt::MouseButtons buttons);
+
+private:
     void follow_modifiers(Qt::KeyboardModifiers modifiers);
 
     BYTE keys_[256] = {};

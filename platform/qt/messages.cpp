@@ -1,3 +1,4 @@
+#include "platform/qt/dialog.h"
 #include "platform/qt/window.h"
 
 #include <QCoreApplication>
@@ -39,14 +40,14 @@ public:
             const bool in_range = (first == 0 && last == 0) || (one.message >= first && one.message <= last);
             return of_window && (in_range || one.message == WM_QUIT);
         };
-        const std::lock_guard lock(mutex_);
-        const auto found = std::find_if(waiting_.begin(), waiting_.end(), wanted);
-        if (found == waiting_.end())
-            return false;
-        message = *found;
-        if (remove)
-            waiting_.erase(found);
-        return true;
+        return take_first(message, wanted, remove);
+    }
+
+    /// Without a WM_QUIT that is in the way.
+    bool take_only(MSG& message, HWND window, UINT kind)
+    {
+        const auto wanted = [&](const MSG& one) { return one.hwnd == window && one.message == kind; };
+        return take_first(message, wanted, true);
     }
 
     /// Sets how many readers take what is posted, until now and from now on. Without any, what they left goes to the
@@ -71,13 +72,37 @@ protected:
         if (readers_ > 0 || !take(message, nullptr, 0, 0, true))
             return true;
         if (message.message == WM_QUIT)
-            QCoreApplication::exit(static_cast<int>(message.wParam));
-        else
+            quit(message);
+        else if (!Dialog::takes_key(message))
             DispatchMessageA(&message);
         return true;
     }
 
 private:
+    // The loop that runs inside ends first, and leaves it to the one around it.
+    void quit(const MSG& message)
+    {
+        Modal_Loop* const inner = Modal_Loop::innermost();
+        if (!inner)
+            return QCoreApplication::exit(static_cast<int>(message.wParam));
+        const std::lock_guard lock(mutex_);
+        waiting_.push_front(message);
+        inner->end();
+    }
+
+    template <class Wanted>
+    bool take_first(MSG& message, const Wanted& wanted, bool remove)
+    {
+        const std::lock_guard lock(mutex_);
+        const auto found = std::find_if(waiting_.begin(), waiting_.end(), wanted);
+        if (found == waiting_.end())
+            return false;
+        message = *found;
+        if (remove)
+            waiting_.erase(found);
+        return true;
+    }
+
     void announce() { QCoreApplication::postEvent(this, new QEvent(posted)); }
 
     std::mutex mutex_;
@@ -95,7 +120,26 @@ public:
 };
 
 int procedures_on_stack = 0;
+Modal_Loop* innermost_loop = nullptr;
 
+}
+
+Modal_Loop* Modal_Loop::innermost()
+{
+    return innermost_loop;
+}
+
+void Modal_Loop::run()
+{
+    Modal_Loop* const outer = std::exchange(innermost_loop, this);
+    loop_.exec();
+    innermost_loop = outer;
+    Queue::get().set_readers(Queue::get().readers()); // what is left is for the loop around this one
+}
+
+bool take_posted(HWND window, UINT kind, MSG& message)
+{
+    return Queue::get().take_only(message, window, kind);
 }
 
 Procedure_Call::Procedure_Call() : outer_readers_(Queue::get().readers() == 0 ? 0 : Queue::get().set_readers(0))
@@ -182,6 +226,8 @@ LRESULT DefWindowProcA(HWND window, UINT message, WPARAM, LPARAM)
     found->leave_unused();
     if (message == WM_CLOSE)
         found->destroy();
+    if (message == WM_CANCELMODE)
+        release_capture_of(found);
     if (message == WM_PAINT) {
         PAINTSTRUCT paint;
         BeginPaint(window, &paint); // lays down the class's background

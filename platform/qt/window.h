@@ -3,6 +3,7 @@
 #include "platform/windows_api.h"
 
 #include <QEvent>
+#include <QEventLoop>
 #include <QImage>
 #include <QPainter>
 #include <QRegion>
@@ -59,6 +60,7 @@ public:
 
     HINSTANCE instance = nullptr;
     LONG_PTR user_data = 0;
+    LONG_PTR message_result = 0; ///< what a dialog's procedure answers a message with
     HBRUSH background;
     bool tracks_leave = false;
     bool takes_keys = false;
@@ -123,6 +125,26 @@ public:
 private:
     int outer_readers_;
 };
+
+/// A loop inside a call, until it is ended, or the program is: whoever reads what is posted further out sees the
+/// WM_QUIT, too.
+class Modal_Loop {
+public:
+    Modal_Loop() = default;
+    Modal_Loop(const Modal_Loop&) = delete;
+    Modal_Loop& operator=(const Modal_Loop&) = delete;
+
+    void run();
+    void end() { loop_.exit(); }
+
+    static Modal_Loop* innermost(); ///< that runs; or null
+
+private:
+    QEventLoop loop_;
+};
+
+/// Takes a message of this kind out of those that are posted to the window. @return false when there is none
+bool take_posted(HWND window, UINT kind, MSG& message);
 
 /// Makes the contexts of a window void.
 void forget_contexts_of(const Window* window);

@@ -205,7 +205,9 @@ int GetWindowTextA(HWND window, LPSTR text, int size)
 LONG_PTR SetWindowLongPtrA(HWND window, int index, LONG_PTR value)
 {
     Window* found = Window::of(window);
-    return found && index == GWLP_USERDATA ? std::exchange(found->user_data, value) : 0;
+    if (!found || (index != GWLP_USERDATA && index != DWLP_MSGRESULT))
+        return 0;
+    return std::exchange(index == GWLP_USERDATA ? found->user_data : found->message_result, value);
 }
 
 LONG_PTR GetWindowLongPtrA(HWND window, int index)
@@ -216,6 +218,8 @@ LONG_PTR GetWindowLongPtrA(HWND window, int index)
     switch (index) {
     case GWLP_USERDATA:
         return found->user_data;
+    case DWLP_MSGRESULT:
+        return found->message_result;
     case GWLP_HINSTANCE:
         return reinterpret_cast<LONG_PTR>(found->instance);
     default:

@@ -2,6 +2,7 @@
 
 #include "platform/export.h"
 
+#include <cstddef>
 #include <cstdint>
 
 // The Windows API's types, as far as they are used. Free of Qt.
@@ -43,6 +44,7 @@ using LPARAM = std::intptr_t;
 using LRESULT = std::intptr_t;
 using COLORREF = DWORD;
 using ATOM = WORD;
+using SIZE_T = std::size_t;
 
 // Every kind of handle is a type of its own, so that they cannot be mixed up; nothing is ever seen behind one.
 #define VETRA_HANDLE(name)                                                                                             \
@@ -60,6 +62,7 @@ VETRA_HANDLE(HTOUCHINPUT);
 using HMODULE = HINSTANCE;
 using HICON = HCURSOR;
 using HANDLE = void*;
+using HGLOBAL = void*;
 using HGDIOBJ = void*;
 struct HPEN__;
 struct HBRUSH__;
@@ -145,6 +148,14 @@ WINAPI_CALL void InitializeCriticalSection(CRITICAL_SECTION* section);
 WINAPI_CALL void EnterCriticalSection(CRITICAL_SECTION* section);
 WINAPI_CALL void LeaveCriticalSection(CRITICAL_SECTION* section);
 WINAPI_CALL void DeleteCriticalSection(CRITICAL_SECTION* section);
+
+/// Memory that is reached through a handle: its address holds while it is locked.
+constexpr UINT GMEM_MOVEABLE = 0x0002;
+constexpr UINT GMEM_ZEROINIT = 0x0040;
+WINAPI_CALL HGLOBAL GlobalAlloc(UINT flags, SIZE_T bytes); ///< null when there is no memory
+WINAPI_CALL LPVOID GlobalLock(HGLOBAL memory);
+WINAPI_CALL BOOL GlobalUnlock(HGLOBAL memory);  ///< @return FALSE when it is not locked any more
+WINAPI_CALL HGLOBAL GlobalFree(HGLOBAL memory); ///< @return null
 
 constexpr UINT CP_UTF8 = 65001;
 WINAPI_CALL int MultiByteToWideChar(UINT page, DWORD flags, const char* text, int bytes, WCHAR* wide, int units);

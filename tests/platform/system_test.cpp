@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cwchar>
 #include <string>
@@ -36,6 +37,32 @@ TEST(CriticalSection, KeepsOtherThreadsOut)
     other.join();
     EXPECT_EQ(counter, 40000);
     DeleteCriticalSection(&section);
+}
+
+TEST(GlobalMemory, IsZeroWhenThatIsAskedForAndKeepsWhatIsWritten)
+{
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 1024);
+    ASSERT_NE(memory, nullptr);
+    auto* bytes = static_cast<char*>(GlobalLock(memory));
+    ASSERT_NE(bytes, nullptr);
+    EXPECT_EQ(std::count(bytes, bytes + 1024, '\0'), 1024);
+    bytes[1023] = 'x';
+    GlobalUnlock(memory);
+    bytes = static_cast<char*>(GlobalLock(memory));
+    EXPECT_EQ(bytes[1023], 'x');
+    GlobalUnlock(memory);
+    EXPECT_EQ(GlobalFree(memory), nullptr);
+}
+
+TEST(GlobalMemory, IsLockedAsOftenAsItIsUnlocked)
+{
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, 0x100);
+    void* const address = GlobalLock(memory);
+    EXPECT_EQ(GlobalLock(memory), address);
+    EXPECT_TRUE(GlobalUnlock(memory));
+    EXPECT_FALSE(GlobalUnlock(memory)) << "it is not locked any more";
+    EXPECT_FALSE(GlobalUnlock(memory));
+    GlobalFree(memory);
 }
 
 TEST(WideText, ComesBackAsItWas)
