@@ -125,6 +125,26 @@ public:
     int Child_Get_Nb() const;
     Strato_1D* Child_Get_Pt(int index) const; ///< null when there is no such child
     Strato_1D* Parent_Get_Pt() const;         ///< null for the root
+
+    // Changing the tree. What would not leave it a tree is refused, and changes nothing.
+
+    /// The position of a child; -1 when it is none.
+    int Child_Get_Id(const Strato_1D* child) const;
+
+    /// Only what the object says of its parent: it stays where it is among children. Refused for itself or an object
+    /// below it.
+    void Parent_Set_Pt(Strato_1D* parent);
+
+    /// Adds an object as the last child, or at a position, which is moved into 0 .. Child_Get_Nb; its parent is this
+    /// then. Refused: null, the object itself, one that it is below of, one that is among somebody's children.
+    /// @return 1, or 0 when it was refused
+    int Child_Add(Strato_1D* child);
+    int Child_Insert(int position, Strato_1D* child);
+
+    /// Takes a child out, with all that is below it; its parent is null then, unless it names another object. The
+    /// host keeps what was taken out and not put back. @return the child, null when there is no such child
+    Strato_1D* Child_Remove(int position);
+    Strato_1D* Child_Remove(Strato_1D* child);
 };
 
 class STRUCTURES_API Strato_2D : public Strato {
@@ -133,6 +153,13 @@ public:
     int Child_Get_Nb() const;
     Strato_2D* Child_Get_Pt(int index) const;
     Strato_2D* Parent_Get_Pt() const;
+
+    int Child_Get_Id(const Strato_2D* child) const; ///< this and what follows: see Strato_1D
+    void Parent_Set_Pt(Strato_2D* parent);
+    int Child_Add(Strato_2D* child);
+    int Child_Insert(int position, Strato_2D* child);
+    Strato_2D* Child_Remove(int position);
+    Strato_2D* Child_Remove(Strato_2D* child);
 
     /// The record, in a file that is open, of what the object shows; null when it comes from none.
     const Frame_Record* Frame_Record_Get() const;
@@ -147,6 +174,13 @@ public:
     int Child_Get_Nb() const;
     Strato_3D* Child_Get_Pt(int index) const;
     Strato_3D* Parent_Get_Pt() const;
+
+    int Child_Get_Id(const Strato_3D* child) const; ///< this and what follows: see Strato_1D
+    void Parent_Set_Pt(Strato_3D* parent);
+    int Child_Add(Strato_3D* child);
+    int Child_Insert(int position, Strato_3D* child);
+    Strato_3D* Child_Remove(int position);
+    Strato_3D* Child_Remove(Strato_3D* child);
 };
 
 /// How often each grey value occurs. Bin i covers [min + i width, min + (i + 1) width).

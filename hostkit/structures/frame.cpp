@@ -3,6 +3,7 @@
 #include "hostkit/structures/strato_record.h"
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -11,12 +12,6 @@ using hostkit::Pixel_Store;
 const std::shared_ptr<Pixel_Store>& store_of(const Strato* object)
 {
     return object->record()->pixels;
-}
-
-void set_unit(Strato_2D_Frame* frame)
-{
-    const auto& store = store_of(frame);
-    frame->unit = store ? store->unit() : nullptr;
 }
 
 void report_left_out(const Strato* series, unsigned long long pixels)
@@ -38,16 +33,13 @@ void report_no_memory(const Strato* series)
         series ? series->Name_Get() : "");
 }
 
-// Counting may find that grey values need a power of ten, which the unit of all frames names then.
-void count(Strato_2D* series, Pixel_Store& store)
+void count(const Strato_2D* series, Pixel_Store& store)
 {
     if (!store.count())
         return;
     if (store.lacks_memory())
         report_no_memory(series);
     report_left_out(series, store.histograms().left_out);
-    for (int i = 0; series && i < series->Child_Get_Nb(); ++i)
-        set_unit(static_cast<Strato_2D_Frame*>(series->Child_Get_Pt(i)));
 }
 
 bool is_counted(const Strato_2D_Frame* frame)
@@ -83,13 +75,18 @@ namespace hostkit {
 void Series_Pixels_Set(Strato_2D* series, const Series_Pixels& pixels)
 {
     const auto store = std::make_shared<Pixel_Store>(pixels);
-    series->record()->pixels = store;
+    if (const auto before = std::exchange(series->record()->pixels, store))
+        before->forget_pixels();
+    unsigned short index = 0;
     for (int i = 0; i < series->Child_Get_Nb(); ++i) {
-        auto* frame = static_cast<Strato_2D_Frame*>(series->Child_Get_Pt(i));
+        // What was put under a series need not be one of its frames.
+        auto* frame = dynamic_cast<Strato_2D_Frame*>(series->Child_Get_Pt(i));
+        if (!frame)
+            continue;
         frame->record()->pixels = store;
-        frame->index_z = static_cast<unsigned short>(i);
+        frame->index_z = index++;
         frame->color = pixels.type == Pixel_Type::rgb;
-        set_unit(frame);
+        frame->unit = store->unit();
     }
 }
 

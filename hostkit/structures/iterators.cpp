@@ -1,6 +1,7 @@
 #include "hostkit/structures/iterators.h"
 
 #include "host/basics.h"
+#include "hostkit/structures/children.h"
 #include "hostkit/structures/registry.h"
 #include "hostkit/structures/strato_record.h"
 #include "hostkit/structures/tree.h"
@@ -43,7 +44,7 @@ Strato* series_in(void* scope)
     if (reinterpret_cast<std::uintptr_t>(scope) < first_window)
         return nullptr;
     const Strato_2D* shown = hostkit::Window_Frame(static_cast<Strato_Window*>(scope));
-    return shown ? shown->record()->parent : nullptr;
+    return shown ? shown->record()->holder : nullptr;
 }
 
 // The object after this one, in pre-order, below the top.
@@ -51,11 +52,11 @@ Strato* after(Strato* object, const Strato* top)
 {
     if (!object->record()->children.empty())
         return object->record()->children.front();
-    for (; object && object != top; object = object->record()->parent) {
-        const Strato* parent = object->record()->parent;
+    for (; object && object != top; object = object->record()->holder) {
+        const Strato* parent = object->record()->holder;
         if (!parent)
             return nullptr;
-        const auto next = static_cast<size_t>(object->record()->index) + 1;
+        const auto next = static_cast<size_t>(hostkit::Child_Place(parent, object)) + 1;
         if (next < parent->record()->children.size())
             return parent->record()->children[next];
     }
@@ -64,7 +65,7 @@ Strato* after(Strato* object, const Strato* top)
 
 bool is_wanted(const Strato* object, unsigned class_mask, const Strato* series, bool selected_only)
 {
-    if (object->Class_A_Get() != class_mask || (series && object->record()->parent != series))
+    if (object->Class_A_Get() != class_mask || (series && object->record()->holder != series))
         return false;
     auto* const display_state = reinterpret_cast<void*>(std::uintptr_t{4});
     return !selected_only || object->Flag_Get_Bit(of_itself, display_state, selected);

@@ -19,6 +19,8 @@ int color_at(const Series_Pixels& pixels, std::size_t index)
     return rgb[0] | rgb[1] << 8 | rgb[2] << 16;
 }
 
+constexpr std::size_t longest_power = 16;
+
 std::string with_power_of_ten(int exponent, const std::string& unit)
 {
     if (exponent == 0)
@@ -34,6 +36,20 @@ bool is_below(double position, int end)
 
 }
 
+Pixel_Store::Pixel_Store(const Series_Pixels& pixels) : pixels_(pixels)
+{
+    unit_.reserve(pixels_.unit.size() + longest_power);
+    unit_.assign(pixels_.unit);
+}
+
+void Pixel_Store::forget_pixels()
+{
+    pixels_ = {};
+    histograms_ = {};
+    tried_ = false;
+    unit_.clear();
+}
+
 bool Pixel_Store::count()
 {
     if (tried_)
@@ -42,7 +58,7 @@ bool Pixel_Store::count()
     try {
         histograms_ = {}; // two at once may be too many
         histograms_ = count_series(pixels_);
-        unit_ = with_power_of_ten(histograms_.decimal_exponent, pixels_.unit);
+        unit_.assign(std::string_view(with_power_of_ten(histograms_.decimal_exponent, pixels_.unit)));
         lacks_memory_ = false;
     } catch (const std::bad_alloc&) {
         histograms_ = {};

@@ -1,6 +1,7 @@
 #include "hostkit/structures/tree.h"
 
 #include "hostkit/structures/broadcast.h"
+#include "hostkit/structures/children.h"
 #include "hostkit/structures/iterators.h"
 #include "hostkit/structures/open_file.h"
 #include "hostkit/structures/registry.h"
@@ -35,19 +36,11 @@ Class* make(const hostkit::Object_Description& description)
     return object;
 }
 
-void append(Strato* parent, Strato* child)
-{
-    auto& children = parent->record()->children;
-    child->record()->parent = parent;
-    child->record()->index = static_cast<int>(children.size());
-    children.push_back(child);
-}
-
 template <class Class>
 Class* add(Strato* parent, const hostkit::Object_Description& description)
 {
     auto* object = make<Class>(description);
-    append(parent, object);
+    hostkit::Child_Append(parent, object);
     return object;
 }
 
@@ -58,15 +51,6 @@ Class* root(const char* variable, const hostkit::Object_Description& description
     if (!root)
         root = make<Class>(description);
     return root;
-}
-
-void detach(Strato* child)
-{
-    auto& siblings = child->record()->parent->record()->children;
-    siblings.erase(siblings.begin() + child->record()->index);
-    for (size_t i = static_cast<size_t>(child->record()->index); i < siblings.size(); ++i)
-        siblings[i]->record()->index = static_cast<int>(i);
-    child->record()->parent = nullptr;
 }
 
 void destroy(Strato* top)
@@ -128,19 +112,28 @@ Strato_2D_Frame* Frame_Add(Strato_2D* series, const Object_Description& descript
 
 void Object_2D_Remove(Strato_2D* object)
 {
-    if (!object || !object->Parent_Get_Pt())
+    Strato* const holder = object ? object->record()->holder : nullptr;
+    if (!holder || !Child_Take(holder, Child_Place(holder, object)))
         return;
-    Windows_Forget(object);
-    Iterators_End_All();
-    detach(object);
     const Panel_Call until_told;
     Fct_Update(series_tree_changed, nullptr, nullptr, nullptr);
+    Object_Delete(object);
+}
+
+bool Object_Delete(Strato* object)
+{
+    if (!Taken_Out_Release(object))
+        return false;
+    Windows_Forget(object);
+    Iterators_End_All();
     After_Delivery([object] { destroy(object); });
+    return true;
 }
 
 int Child_Index(const Strato* object)
 {
-    return object->record()->index;
+    const Strato* const holder = object->record()->holder;
+    return holder ? Child_Place(holder, object) : 0;
 }
 
 void Tree_Reset()
@@ -151,6 +144,10 @@ void Tree_Reset()
     remove_all<Strato_1D>("$DB_1D_ROOT_PT");
     remove_all<Strato_2D>("$DB_2D_ROOT_PT");
     remove_all<Strato_3D>("$DB_3D_ROOT_PT");
+    while (Strato* object = Taken_Out_Any()) {
+        Taken_Out_Release(object);
+        destroy(object);
+    }
 }
 
 }

@@ -42,7 +42,12 @@ STRUCTURES_API Strato_3D* Object_3D_Add(Strato_3D* parent, const Object_Descript
 /// deletes them once nobody can be using them.
 STRUCTURES_API void Object_2D_Remove(Strato_2D* object);
 
-/// The position of an object among its parent's children; 0 for the root.
+/// Deletes an object that panels took out of its tree (Child_Remove) and nobody put back, with all that is below it:
+/// once nobody can be using them, and no variable names any of them. Until then it can be put back (Child_Insert); what
+/// is never deleted goes with Tree_Reset. @return false when the object is in a tree
+STRUCTURES_API bool Object_Delete(Strato* object);
+
+/// The position of an object among the children that it is one of; 0 for the root.
 STRUCTURES_API int Child_Index(const Strato* object);
 
 /// An image window, numbered in the order of making; counted in `"$WINDOW_NB"`. The first becomes `"$WINDOW_CUR"`.

@@ -1,3 +1,4 @@
+#include "hostkit/structures/children.h"
 #include "hostkit/structures/registry.h"
 #include "hostkit/structures/strato_record.h"
 #include "hostkit/structures/tree.h"
@@ -16,13 +17,6 @@ std::vector<Strato_Window*> windows;
 struct Made_Window final : Strato_Window {
     explicit Made_Window(Record* record) : Strato_Window(record) {}
 };
-
-bool is_or_is_below(const Strato* object, const Strato* top)
-{
-    while (object && object != top)
-        object = object->record()->parent;
-    return object == top;
-}
 
 }
 
@@ -75,14 +69,14 @@ Strato_2D* Window_Frame(const Strato_Window* window)
     return window ? shown_frames[window->Class_B_Get()] : nullptr;
 }
 
-void Windows_Forget(const Strato_2D* object)
+void Windows_Forget(const Strato* object)
 {
     for (auto*& frame : shown_frames) {
-        if (is_or_is_below(frame, object))
+        if (Is_Or_Is_Below(frame, object))
             frame = nullptr;
     }
     auto*& under_pointer = Object_Variable<Strato_2D>("$FRAME_OVR");
-    if (is_or_is_below(under_pointer, object))
+    if (Is_Or_Is_Below(under_pointer, object))
         under_pointer = nullptr;
 }
 

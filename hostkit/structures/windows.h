@@ -5,7 +5,7 @@
 namespace hostkit {
 
 /// Lets no window show and no variable name `object` or anything below it.
-void Windows_Forget(const Strato_2D* object);
+void Windows_Forget(const Strato* object);
 
 void Windows_Reset();
 
