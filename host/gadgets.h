@@ -69,6 +69,10 @@ GADGETS_API int getbutton(int button);
 /// code. @return 0 for other messages, and for a key that comes as a character, or is not for panels
 GADGETS_API int Parse_Keyboard(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
+/// The key of a WM_KEYDOWN alone, for windows that take no WM_CHAR: codes as of Parse_Keyboard, with the character that
+/// the key types, which does not come as a WM_CHAR any more. @return 0 for other messages, and for a key without a code
+GADGETS_API int Parse_Dialog(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+
 // ------------------------------------------------------------------------------------------------------ widgets
 
 /// A colour, 8 bits a channel.
@@ -99,6 +103,12 @@ private:
     char* text_ = nullptr;
 };
 
+/// The library's pairs of colours for the boxes of a diagram: of the face, and a stronger one of its outline.
+enum class Color_Pair : unsigned char { first, second };
+
+/// How a box of a diagram stands out: not at all, the pointer is over it, or it refuses what is dragged over it.
+enum class Emphasis : unsigned char { none, hovered, refusing };
+
 /// The base of the widgets: a rectangle in a window, with its colours, font and caption.
 ///
 /// `state` is the widget state word. For all widgets but boxes: bits 0 and 1 inactive (not hit), bit 5 greyed (not
@@ -127,6 +137,30 @@ public:
 
     /// Fills the widget's rectangle with a colour.
     void Clear(Colors fill);
+
+    // The parts of a box of a diagram, in the order of drawing. Each takes the drawing context of its own accord.
+
+    /// Fills the rectangle with the pair's face and outlines it inside the frame (Cadre), two pixels wide when it
+    /// stands out, else one. `back` and `text` are the colours of the face and of a text on it afterwards, also for the
+    /// labels that lie on it.
+    void Fill_Select(Color_Pair pair, Emphasis emphasis);
+
+    /// A frame inside the rectangle, `border` wide, in the colour `frame`.
+    void Cadre();
+
+    /// A picture file, as Icon_Draw_Image takes it, in the middle of a field in the pair's stronger colour: a square
+    /// at the rectangle's left end, inside frame and outline, as high as they leave it.
+    /// @param flags  0; 1 leaves the field out
+    /// @return 1 when the picture was drawn, else 0
+    int Icon(const char* folder, const char* file, Color_Pair pair, unsigned flags);
+
+    /// The caption in the colour `text`, in the uppermost of `rows` equal rows of the rectangle, from `left` pixels
+    /// right of its left edge; bit 8 of the state puts it at the left, else it is in the middle. Marks of emphasis in
+    /// it (bytes 1 and 2) are not shown.
+    void Text(short left = 0, short rows = 1);
+
+    /// Gives back what the widget owns, its caption.
+    void Free();
 
     /// Whether the recorded pointer lies in the rectangle, grown by dx and dy on every side.
     bool Pointer_Inside(short dx = 0, short dy = 0) const;

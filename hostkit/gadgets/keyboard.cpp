@@ -31,3 +31,16 @@ int Parse_Keyboard(HWND, UINT message, WPARAM wparam, LPARAM)
         return 0;
     }
 }
+
+// What the key types waits behind it.
+int Parse_Dialog(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
+{
+    if (message != WM_KEYDOWN)
+        return 0;
+    MSG typed{};
+    const bool types = PeekMessageA(&typed, window, WM_CHAR, WM_CHAR, PM_REMOVE);
+    if (types && typed.message == WM_QUIT)
+        PostQuitMessage(static_cast<int>(typed.wParam)); // no filter holds it back
+    const int key = Parse_Keyboard(window, message, wparam, lparam);
+    return key || !types ? key : Parse_Keyboard(window, typed.message, typed.wParam, typed.lParam);
+}

@@ -1,5 +1,7 @@
 #include "hostkit/gadgets/paint.h"
 
+#include <algorithm>
+
 // A row reaches from the lead's y0 eighteen pixels up. Signs and lines lie where the text's small letters have their
 // middle, and above the connectors that rows below draw up to a sign's lower edge.
 
@@ -23,6 +25,7 @@ int end_of_bare_background(const Boxs* box, int x, int from, int to)
 {
     if (!box || !Y_DC)
         return to;
+    from = std::clamp<int>(box->y, from, to); // what is below the box is not seen
     while (from < to && GetPixel(Y_DC, x, from) == box->back.get())
         ++from;
     return from;

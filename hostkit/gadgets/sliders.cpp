@@ -18,8 +18,8 @@ constexpr unsigned vertical_bit = 1u << 2;
 constexpr unsigned shows_number_bit = 1u << 25;
 constexpr unsigned minimum_at_top_bit = 1u << 26;
 constexpr int question = 4;
-constexpr int shortest_thumb = 8;
-constexpr float notches = 20; // of a travel whose step is left to the widget
+constexpr int shortest_thumb = 8, shortest_position = 16; // of long lists, too, one sees where one is
+constexpr float notches = 20;                             // of a travel whose step is left to the widget
 
 bool has_minimum_at_far_end(unsigned state)
 {
@@ -51,12 +51,14 @@ void Sliders::Init(HWND owner)
     drawn_start_ = -1; // what is on the screen may be elsewhere
 }
 
+// Where there is nothing to scroll, the thumb fills the track.
 int Sliders::Thumb_Length() const
 {
-    if (!Has_Range())
+    if (!Has_Range() || (meaning_ == Meaning::position && !Active()))
         return track_length(*this);
     const int proportional = static_cast<int>(std::lround(thumb * static_cast<float>(track_length(*this))));
-    return std::min(std::max(proportional, shortest_thumb), track_length(*this));
+    const int shortest = meaning_ == Meaning::position ? shortest_position : shortest_thumb;
+    return std::min(std::max(proportional, shortest), track_length(*this));
 }
 
 float Sliders::Thumb_Start() const

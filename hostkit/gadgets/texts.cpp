@@ -21,6 +21,14 @@ constexpr int margin = 5;
 
 enum Finished : unsigned char { editing, finished, cancelled };
 
+// Away from the text's colour, so that dark texts stand on light fields and light ones on dark fields.
+Colors field_color(const Tools& editor)
+{
+    const auto brightness = [](Colors color) { return color.red + 2 * color.green + color.blue; };
+    constexpr Colors black{0, 0, 0}, white{255, 255, 255};
+    return blend(editor.back, brightness(editor.text) < brightness(editor.back) ? white : black, 160);
+}
+
 bool is_printable(int key)
 {
     const bool navigation = key >= keys::page_up && key <= keys::delete_forward;
@@ -205,7 +213,7 @@ void Texts::Draw()
         hostkit::Note_Active_Text(this);
     const Paint paint(window, "Texts::Draw");
     const Area area = hostkit::area_of(*this);
-    paint.fill(area, blend(back, {0, 0, 0}, 160));
+    paint.fill(area, field_color(*this));
     paint.frame(area, 1, Active() ? text : frame);
     Write();
 }

@@ -1,6 +1,6 @@
-#include "host/gadgets.h"
+#include "tests/hostkit/gadgets/widget_fixture.h"
 
-#include <gtest/gtest.h>
+using namespace test;
 
 TEST(KeyCodes, CharactersAndTheFourControlKeysAreThemselves)
 {
@@ -46,4 +46,57 @@ TEST(KeyCodes, OfOtherMessagesAreNone)
     EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYUP, VK_PRIOR, 0), 0);
     EXPECT_EQ(Parse_Keyboard(nullptr, WM_KEYUP, 'A', 0), 0);
     EXPECT_EQ(Parse_Keyboard(nullptr, WM_MOUSEMOVE, 'A', 0), 0);
+}
+
+namespace {
+
+class Dialog_Keys : public Widgets {
+protected:
+    /// The key of a key-down that types a character.
+    int Typing(int key, int character)
+    {
+        PostMessageA(main_window(), WM_CHAR, static_cast<WPARAM>(character), 1);
+        return Parse_Dialog(main_window(), WM_KEYDOWN, static_cast<WPARAM>(key), 1);
+    }
+
+    bool Character_Waits()
+    {
+        MSG message{};
+        return PeekMessageA(&message, main_window(), WM_CHAR, WM_CHAR, PM_NOREMOVE) != 0;
+    }
+};
+
+}
+
+TEST_F(Dialog_Keys, AreWhatTheKeysType)
+{
+    EXPECT_EQ(Typing('A', 'a'), 'a');
+    EXPECT_EQ(Typing(VK_BACK, 8), 8);
+    EXPECT_EQ(Typing('S', 19), 0) << "Ctrl+S";
+    EXPECT_FALSE(Character_Waits()) << "each came with its key";
+}
+
+TEST_F(Dialog_Keys, AreTheNavigationKeys)
+{
+    EXPECT_EQ(Parse_Dialog(main_window(), WM_KEYDOWN, VK_LEFT, 1), 2085);
+    EXPECT_EQ(Parse_Dialog(main_window(), WM_KEYDOWN, VK_DELETE, 1), 2094);
+    EXPECT_EQ(Parse_Dialog(main_window(), WM_KEYDOWN, VK_SHIFT, 1), 0);
+}
+
+TEST_F(Dialog_Keys, AreNoneOfOtherMessages)
+{
+    PostMessageA(main_window(), WM_CHAR, 'a', 1);
+    EXPECT_EQ(Parse_Dialog(main_window(), WM_KEYUP, 'A', 1), 0);
+    EXPECT_EQ(Parse_Dialog(main_window(), WM_CHAR, 'a', 1), 0);
+    EXPECT_TRUE(Character_Waits());
+}
+
+TEST_F(Dialog_Keys, LeaveTheEndOfTheProgramAlone)
+{
+    PostQuitMessage(3);
+    EXPECT_EQ(Parse_Dialog(main_window(), WM_KEYDOWN, 'A', 1), 0);
+    MSG message{};
+    ASSERT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.message, UINT{WM_QUIT});
+    EXPECT_EQ(message.wParam, 3u);
 }

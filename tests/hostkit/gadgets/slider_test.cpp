@@ -80,18 +80,18 @@ TEST_F(Slider, ThumbHasTheShareThatIsVisible)
     EXPECT_NEAR(last - first + 1, 50, 5);
 }
 
-TEST_F(Slider, ThumbIsNeverShorterThanEightPixels)
+TEST_F(Slider, ThumbIsNeverShorterThanSixteenPixels)
 {
     slider.Larg_Adjust(1, 1000000);
     slider.value = 0;
-    // A press on each of the lowest eight pixels holds the thumb where it is; the ninth is trough.
-    for (int i = 0; i < 8; ++i) {
+    // A press on each of the lowest sixteen pixels holds the thumb where it is; the next is trough.
+    for (int i = 0; i < 16; ++i) {
         Point(28, 30 + i);
         ASSERT_NE(slider.Select(left_press), 0);
         EXPECT_EQ(slider.Read(), 0) << i;
         slider.Select(0);
     }
-    Point(28, 38);
+    Point(28, 46);
     slider.Select(left_press);
     EXPECT_GT(slider.Read(), 0);
 }
