@@ -1,3 +1,4 @@
+#include "frame/own_window.h"
 #include "frame/registry.h"
 #include "frame/report.h"
 #include "frame/widget_layout.h"
@@ -25,25 +26,12 @@ struct Measures {
     int arrow = frame::dimension("$INTERFACE_LIST_DIM_ARROW");
 };
 
-void make_font(HFONT& font, const char* name, const char* scale, const char* weight, int smaller)
-{
-    if (font)
-        DeleteObject(font);
-    const int points = std::max(frame::dimension(scale) - smaller, 1);
-    font = Y_Create_Font(static_cast<const char*>(frame::value_of(name)), frame::to_short(points),
-        static_cast<const char*>(frame::value_of(weight)));
-}
-
 void make_fonts(Window& graph)
 {
-    constexpr int smaller_in_lists = 2;
-    constexpr const char* tool[] = {
-        "$INTERFACE_TOOL_FONT_NAME", "$INTERFACE_TOOL_FONT_SCALE", "$INTERFACE_TOOL_FONT_WEIGHT"};
-    constexpr const char* title[] = {
-        "$INTERFACE_TITLE_FONT_NAME", "$INTERFACE_TITLE_FONT_SCALE", "$INTERFACE_TITLE_FONT_WEIGHT"};
-    make_font(graph.tool_font, tool[0], tool[1], tool[2], 0);
-    make_font(graph.select_font, tool[0], tool[1], tool[2], smaller_in_lists);
-    make_font(graph.title_font, title[0], title[1], title[2], 0);
+    constexpr int larger_in_lists = -2;
+    frame::renew_font(graph.tool_font, frame::tool_font, 0);
+    frame::renew_font(graph.select_font, frame::tool_font, larger_in_lists);
+    frame::renew_font(graph.title_font, frame::title_font, 0);
 }
 
 // The colours are the owner's, as in its panel.

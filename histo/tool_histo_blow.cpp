@@ -1,5 +1,6 @@
 #include "histo/tool_histo_blow.h"
 
+#include "frame/own_window.h"
 #include "frame/report.h"
 #include "histo/graph_window.h"
 #include "histo/tool_histo.h"
@@ -18,13 +19,6 @@ constexpr COLORREF background = 0xAAAAAA;
 constexpr int first_width = 800;
 constexpr int first_height = 400;
 
-HINSTANCE instance_of_active_window()
-{
-    const HWND active = GetActiveWindow();
-    const auto instance = active ? reinterpret_cast<HINSTANCE>(GetWindowLongPtrA(active, GWLP_HINSTANCE)) : nullptr;
-    return instance ? instance : GetModuleHandleA(nullptr);
-}
-
 // ------------------------------------------------------------------------------------------------------ positions
 
 // From the client area's upper left corner to its lower left one.
@@ -36,16 +30,8 @@ Place upward(int x, int y)
 // Where a mouse message happened; widgets are told, too.
 Place record_pointer(HWND window, LPARAM lparam)
 {
-    const int x = static_cast<short>(LOWORD(static_cast<std::uintptr_t>(lparam)));
-    const int y = static_cast<short>(HIWORD(static_cast<std::uintptr_t>(lparam)));
-    Y_Cursor(window, x, y);
-    return upward(x, y);
-}
-
-int held_buttons()
-{
-    constexpr int left = 1, right = 2, middle = 4;
-    return (getbutton(left) ? 16 : 0) | (getbutton(middle) ? 32 : 0) | (getbutton(right) ? 64 : 0);
+    const POINT place = frame::record_pointer(window, lparam);
+    return upward(place.x, place.y);
 }
 
 // ------------------------------------------------------------------------------------------------------- messages
@@ -195,15 +181,15 @@ LRESULT CALLBACK WndProc_Histo_Blow(HWND window, UINT message, WPARAM wparam, LP
         key();
         return 0;
     case WM_MOUSEMOVE: {
-        const int buttons = held_buttons();
+        const int buttons = frame::held_buttons();
         motion(record_pointer(window, lparam), buttons ? buttons | 1 : 0);
         return 0;
     }
     case WM_LBUTTONDOWN:
-        click(record_pointer(window, lparam), 2 | held_buttons());
+        click(record_pointer(window, lparam), 2 | frame::held_buttons());
         return 0;
     case WM_LBUTTONUP:
-        click(record_pointer(window, lparam), held_buttons());
+        click(record_pointer(window, lparam), frame::held_buttons());
         return 0;
     case WM_MOUSEWHEEL:
         wheel(window, wparam, lparam);
@@ -257,7 +243,7 @@ void register_class()
     Window& graph = the_window();
     if (graph.registered)
         return;
-    graph.instance = instance_of_active_window();
+    graph.instance = frame::instance_of_active_window();
     WNDCLASSA description{};
     description.style = CS_HREDRAW | CS_VREDRAW;
     description.lpfnWndProc = WndProc_Histo_Blow;
@@ -284,7 +270,7 @@ void open(Tool_Histo* panel)
     register_class();
     const HINSTANCE registered_for = graph.instance;
     graph.owner = panel;
-    graph.handle = create(instance_of_active_window());
+    graph.handle = create(frame::instance_of_active_window());
     if (!graph.handle) // the class is known by another instance's name
         graph.handle = create(registered_for);
     if (!graph.handle) {
