@@ -212,6 +212,128 @@ void FilesWrite(benchmark::State& state)
 }
 BENCHMARK(FilesWrite)->Unit(benchmark::kMillisecond);
 
+// ------------------------------------------------------------------------------------------------------ the diagram
+
+constexpr int classes = 20000;
+
+void show_middle(Tool_DB_Class& panel)
+{
+    panel.vertical.value = panel.vertical.maximum / 2;
+    panel.horizontal.value = panel.horizontal.maximum;
+    panel.Draw();
+}
+
+// A series with many images; a class that is the only child of another, many times; or all of them below the root.
+enum Shape { series_of_images, chain, one_brood };
+
+void make_shape(benchmark::State& state)
+{
+    if (state.range(0) == series_of_images)
+        return make_tree(classes);
+    make_tree(0);
+    Strato_2D* parent = hostkit::Root_2D();
+    for (int i = 1; i < classes; ++i) {
+        Strato_2D* const added =
+            hostkit::Object_2D_Add(parent, {.name = "class " + std::to_string(i), .title = "Series"});
+        if (state.range(0) == chain)
+            parent = added;
+    }
+}
+
+void show_diagram(Tool_DB_Class& panel, benchmark::State& state)
+{
+    make_shape(state);
+    show(panel);
+    show_middle(panel);
+}
+
+// From a box to another place, so that one is highlighted and then not.
+class Walk {
+public:
+    explicit Walk(const Tool_DB_Class& panel)
+    {
+        for (int i = 0; i < panel.nb; ++i) {
+            const DB_List& row = panel.list_pt[i];
+            const int x = panel.Origin().x + 330 * row.level + 60, y = panel.Origin().y - 50 * row.line - 20;
+            if (x > 20 && x < 350 && y > 120 && y < 790)
+                here_ = {x, y};
+        }
+    }
+    bool found() const { return here_.x > 0; }
+    void step() { point(here_.x, here_.y - (there_ = !there_) * 50); }
+
+private:
+    POINT here_{};
+    bool there_ = false;
+};
+
+void DiagramRepaint(benchmark::State& state)
+{
+    Tool_DB_Class panel(Tool_DB_List::edit_mode | 2);
+    show_diagram(panel, state);
+    for (auto _ : state)
+        panel.Draw();
+}
+BENCHMARK(DiagramRepaint)->DenseRange(series_of_images, one_brood)->Unit(benchmark::kMillisecond);
+
+void DiagramHover(benchmark::State& state)
+{
+    Tool_DB_Class panel(Tool_DB_List::edit_mode | 2);
+    show_diagram(panel, state);
+    Walk walk(panel);
+    if (!walk.found())
+        return state.SkipWithError("no box is seen");
+    for (auto _ : state) {
+        walk.step();
+        panel.Motion(0);
+    }
+}
+BENCHMARK(DiagramHover)->DenseRange(series_of_images, one_brood)->Unit(benchmark::kMillisecond);
+
+// With all children of the root dragged.
+void DiagramDrag(benchmark::State& state)
+{
+    Tool_DB_Class panel(Tool_DB_List::edit_mode | 2);
+    make_shape(state);
+    show(panel);
+    const auto origin = panel.Origin();
+    point(origin.x + 250, origin.y - 30);
+    panel.Click(18);
+    show_middle(panel);
+    Walk walk(panel);
+    if (!walk.found())
+        return state.SkipWithError("no box is seen");
+    for (auto _ : state) {
+        walk.step();
+        panel.Motion(17);
+    }
+    panel.Motion(0);
+}
+BENCHMARK(DiagramDrag)->DenseRange(series_of_images, one_brood)->Unit(benchmark::kMillisecond);
+
+// Of a folded class a chain is hidden: places are searched past it.
+void DiagramHoverBesideWhatIsFolded(benchmark::State& state)
+{
+    make_tree(0);
+    Strato_2D* const root = hostkit::Root_2D();
+    hostkit::Object_2D_Add(root, {.title = "Series"});
+    Strato_2D* parent = root;
+    for (int i = 2; i < classes; ++i)
+        parent = hostkit::Object_2D_Add(parent, {.title = "Series"});
+    Tool_DB_Class panel(Tool_DB_List::edit_mode | 2);
+    show(panel);
+    panel.list_pt[0].state = 0;
+    panel.Draw();
+    Walk walk(panel);
+    if (!walk.found())
+        return state.SkipWithError("no box is seen");
+    for (auto _ : state) {
+        walk.step();
+        panel.Motion(0);
+    }
+}
+BENCHMARK(DiagramHoverBesideWhatIsFolded)->Unit(benchmark::kMillisecond);
+
 }
 
 BENCHMARK_MAIN();

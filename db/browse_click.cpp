@@ -24,9 +24,10 @@ int line_at(const List_Point& point)
     return (point.y - above_first_line) / db::line_height;
 }
 
-void begin_drag(const List_Point& point)
+void begin_drag(const Boxs& list_box, const List_Point& point)
 {
     drag.going_on = true;
+    drag.begun_in = &list_box;
     drag.start = drag.current = point;
     if (!getkey(shift_key))
         drag.anchor_line = line_at(point);
@@ -51,7 +52,7 @@ void press(Tool_DB_List& panel, const List_Point& point)
         if (pressed.nb_child > 0 && point.x / db::indent == pressed.level)
             return show_or_hide_below(panel, pressed);
     }
-    begin_drag(point);
+    begin_drag(panel.list_box, point);
 }
 
 // Gives what is below a row its selection. @return the row behind that
@@ -105,7 +106,7 @@ int DB_2D_Class_List_Click(Tool_DB_List* panel, int up_down)
         return 0;
     drag.going_on = false;
     drag.end_line = line_at(point);
-    DB_2D_Class_List_Erase_Band(panel);
+    db::erase_drag(panel->list_box);
     return 1;
 }
 

@@ -21,7 +21,7 @@ int exact_width(const char* text, HFONT font)
 }
 
 // Laying out a text takes microseconds, and there may be tens of thousands of them of which only the widest counts. So
-// texts are compared by the widths of their characters.
+// texts are compared by the widths of their characters, and only the longest are laid out.
 class Advances {
 public:
     explicit Advances(HFONT font)
@@ -51,6 +51,36 @@ public:
 private:
     static constexpr char first = ' ', end = 127;
     std::array<float, end - first> widths_{};
+};
+
+// The rows that are longest by their characters. The font sets some pairs of them tighter, so that any of these may be
+// the widest.
+class Longest_Rows {
+public:
+    void add(const DB_List& row, float length)
+    {
+        if (count_ == rows_.size() && length <= rows_.back().length)
+            return;
+        count_ = std::min(count_ + 1, rows_.size());
+        std::size_t at = count_ - 1;
+        for (; at > 0 && rows_[at - 1].length < length; --at)
+            rows_[at] = rows_[at - 1];
+        rows_[at] = {&row, length};
+    }
+
+    template <class Visit>
+    void for_each(const Visit& visit) const
+    {
+        std::for_each_n(rows_.begin(), count_, [&](const Entry& entry) { visit(*entry.row); });
+    }
+
+private:
+    struct Entry {
+        const DB_List* row;
+        float length;
+    };
+    std::array<Entry, 32> rows_{};
+    std::size_t count_ = 0;
 };
 
 class Measuring {
@@ -96,24 +126,19 @@ private:
     int widest_main() const
     {
         const Advances title_advances(fonts_.title), name_advances(fonts_.name);
+        Longest_Rows longest;
         int widest = 0;
-        float longest = -1;
-        const DB_List* candidate = nullptr;
         for (int i = 0; i < nb_; ++i) {
             const DB_List& row = list_[i];
             const float title = row.title ? title_advances.width(row.title) : 0;
             const float name = row.name ? name_advances.width(row.name) : 0;
-            if (title < 0 || name < 0) {
+            if (title < 0 || name < 0)
                 widest = std::max(widest, main_width(row));
-                continue;
-            }
-            const float length = static_cast<float>(before_texts(row) + (row.title ? colon_ : 0)) + title + name;
-            if (length > longest) {
-                longest = length;
-                candidate = &row;
-            }
+            else
+                longest.add(row, static_cast<float>(before_texts(row) + (row.title ? colon_ : 0)) + title + name);
         }
-        return candidate ? std::max(widest, main_width(*candidate)) : widest;
+        longest.for_each([&](const DB_List& row) { widest = std::max(widest, main_width(row)); });
+        return widest;
     }
 
     // @return how many columns there are
@@ -161,7 +186,7 @@ Measured_Rows measure_rows(int nb, DB_List* list, const Row_Fonts& fonts, int sp
     const HGDIOBJ before = SelectObject(Y_DC, fonts.title);
     const int width = Measuring(nb, list, fonts, space).widest();
     SelectObject(Y_DC, before);
-    return {list, nb, fonts.title, width};
+    return {list, nb, fonts.title, space, width};
 }
 
 }

@@ -19,11 +19,12 @@ struct Measured_Rows {
     const DB_List* list = nullptr;
     int nb = 0;
     HFONT font = nullptr;
+    int space = 0;
     int width = 0; ///< of the widest row, pixels
 
-    bool is_of(int count, const DB_List* rows, const Row_Fonts& fonts) const
+    bool is_of(int count, const DB_List* rows, const Row_Fonts& fonts, int between) const
     {
-        return list == rows && nb == count && font == fonts.title;
+        return list == rows && nb == count && font == fonts.title && space == between;
     }
 };
 

@@ -2,18 +2,17 @@
 #include "db/browse_view.h"
 #include "db/drag.h"
 #include "db/rows.h"
+#include "db/scroll_range.h"
 #include "db/tool_db_list.h"
 #include "frame/drawing.h"
 #include "frame/painting.h"
 #include "frame/registry.h"
 #include "frame/wide_text.h"
-#include "frame/widget_state.h"
 #include "host/basics.h"
 
 #include <algorithm>
 #include <array>
 
-namespace state = frame::state;
 using db::indent;
 using db::line_height;
 using frame::Wide_Text;
@@ -100,39 +99,6 @@ int first_line(const Sliders& vertical)
     return std::max(static_cast<int>(vertical.value) / line_height - 1, 0);
 }
 
-// ------------------------------------------------------------------------------------------------------- sliders
-
-bool keep_within(Sliders& slider, int visible, int content)
-{
-    const float most = static_cast<float>(std::max(content - visible, 0));
-    if (!(slider.value > most))
-        return false;
-    slider.value = most;
-    return true;
-}
-
-struct Looks {
-    unsigned active;
-    unsigned idle;
-};
-constexpr Looks vertical_looks{state::vertical_scroll, state::idle_vertical_scroll};
-constexpr Looks horizontal_looks{state::horizontal_scroll, state::idle_horizontal_scroll};
-
-void set_range(Sliders& slider, int visible, int content, const Looks& looks)
-{
-    const auto before = std::array{static_cast<float>(slider.state), slider.maximum, slider.thumb};
-    if (content <= visible) {
-        slider.value = slider.minimum;
-        slider.state = looks.idle;
-    } else {
-        slider.state = looks.active;
-        slider.Larg_Adjust(static_cast<float>(visible), static_cast<float>(content));
-        slider.maximum = static_cast<float>(content - visible);
-    }
-    if (before != std::array{static_cast<float>(slider.state), slider.maximum, slider.thumb})
-        slider.Init(nullptr);
-}
-
 // ------------------------------------------------------------------------------------------------------- drawing
 
 void icon(const Boxs& box, int x, int line_y, const char* file)
@@ -180,7 +146,8 @@ public:
         return origin_.y - first - line_height * line;
     }
 
-    bool is_seen(int line) const { return y_of(line) + 10 > box_.y; }
+    // Connectors reach up into the line above.
+    bool is_seen(int line) const { return y_of(line) + line_height > box_.y; }
 
     void draw(const DB_List& row, const Level_Flags& last_sibling) const
     {
@@ -294,16 +261,15 @@ int DB_2D_Class_List_Paint(Tool_DB_List* panel, DB_Lines lines)
     const int space = frame::dimension("$INTERFACE_SPACE_DIM");
     const db::Row_Fonts fonts = db::row_fonts(box);
     const int width = panel->List_Width(fonts, space) + 2 * space;
-    const bool moved_down = keep_within(panel->vertical, box.height, height);
-    const bool moved_across = keep_within(panel->horizontal, box.width, width);
+    const bool moved_down = db::keep_within(panel->vertical, box.height, height);
+    const bool moved_across = db::keep_within(panel->horizontal, box.width, width);
     if (moved_down)
         numbered = number_lines(panel->nb, panel->list_pt, first_line(panel->vertical));
     panel->list_box.Clear(box.back);
     draw_rows(*panel, fonts, space, numbered);
-    if (db::drag.band_box == &box)
-        DB_2D_Class_List_Band(nullptr);
-    set_range(panel->vertical, box.height, height, vertical_looks);
-    set_range(panel->horizontal, box.width, width, horizontal_looks);
+    db::forget_drag(box);
+    db::set_range(panel->vertical, box.height, height, db::vertical_looks);
+    db::set_range(panel->horizontal, box.width, width, db::horizontal_looks);
     if (moved_down)
         panel->vertical.Adjust();
     if (moved_across)
@@ -313,6 +279,6 @@ int DB_2D_Class_List_Paint(Tool_DB_List* panel, DB_Lines lines)
 
 void DB_2D_Class_List_Reset_Sliders(Tool_DB_List* panel)
 {
-    set_range(panel->vertical, panel->list_box.height, 0, vertical_looks);
-    set_range(panel->horizontal, panel->list_box.width, 0, horizontal_looks);
+    db::set_range(panel->vertical, panel->list_box.height, 0, db::vertical_looks);
+    db::set_range(panel->horizontal, panel->list_box.width, 0, db::horizontal_looks);
 }

@@ -29,12 +29,5 @@ int DB_2D_Class_List_Select(Tool_DB_List* panel);
 /// Draws the rubber band to the pointer. @return 1 while there is a drag, else 0
 int DB_2D_Class_List_Motion(Tool_DB_List* panel, int up_down);
 
-/// Draws the rubber band of the drag in the list box, in place of the one that is drawn. Null forgets the drawn one:
-/// it was painted over.
-void DB_2D_Class_List_Band(const Tool_DB_List* panel);
-
-/// Takes the rubber band away, if this panel shows it.
-void DB_2D_Class_List_Erase_Band(const Tool_DB_List* panel);
-
 /// Derives what is selected of each folder from the leaves below it, and which rows are the last of their siblings.
 void DB_2D_Class_List_Roll_Up(int nb, DB_List* list);

@@ -1,5 +1,6 @@
 #include "db/tool_db_class.h"
 
+#include "db/dimension.h"
 #include "db/selection.h"
 #include "frame/change_flags.h"
 #include "frame/registry.h"
@@ -20,6 +21,8 @@ constexpr const char* folder_icon = "icon folder.tga";
 constexpr unsigned frame_magic = 0xAABA;
 constexpr unsigned without_listed_children = 0x2FFD;
 constexpr auto everything_shown = 0x0FFFFFFFull;
+
+using db::for_dimension;
 
 // What the trees differ in.
 template <class Object>
@@ -50,22 +53,6 @@ template <class Object>
 Object* root_of()
 {
     return static_cast<Object*>(frame::value_of(Tree<Object>::root));
-}
-
-// Calls a function for the objects of a dimension; another for none.
-template <class Call, class Otherwise>
-auto for_dimension(int dimension, const Call& call, const Otherwise& otherwise)
-{
-    switch (dimension) {
-    case 1:
-        return call.template operator()<Strato_1D>();
-    case 2:
-        return call.template operator()<Strato_2D>();
-    case 3:
-        return call.template operator()<Strato_3D>();
-    default:
-        return otherwise();
-    }
 }
 
 // -------------------------------------------------------------------------------------------------------- building

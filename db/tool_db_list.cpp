@@ -59,8 +59,7 @@ Tool_DB_List& Tool_DB_List::operator=(const Tool_DB_List& other)
 
 Tool_DB_List::~Tool_DB_List()
 {
-    if (db::drag.band_box == &list_box)
-        DB_2D_Class_List_Band(nullptr);
+    db::forget_drag(list_box);
     List_Free(this);
 }
 
@@ -68,6 +67,7 @@ Tool_DB_List::~Tool_DB_List()
 
 void Tool_DB_List::List_Free(Tool_DB_List* list)
 {
+    DB_Edit_Forget(&list->list_box);
     if (!list->rows_.holds(list->list_pt))
         db::free_rows(list->nb, list->list_pt);
     list->rows_ = {};
@@ -92,6 +92,7 @@ void Tool_DB_List::Rebuild()
     DB_2D_Class_List_Roll_Up(nb, list_pt);
     if (!list_pt && list_box.window) {
         list_box.Clear(list_box.back);
+        db::forget_drag(list_box);
         DB_2D_Class_List_Reset_Sliders(this);
     }
     Paint();
@@ -107,7 +108,7 @@ void Tool_DB_List::Read_Selection()
 
 int Tool_DB_List::List_Width(const db::Row_Fonts& fonts, int space)
 {
-    if (!measured_.is_of(nb, list_pt, fonts))
+    if (!measured_.is_of(nb, list_pt, fonts, space))
         measured_ = db::measure_rows(nb, list_pt, fonts, space);
     return measured_.width;
 }
@@ -130,6 +131,7 @@ void Tool_DB_List::Draw()
         return;
     const frame::Drawing drawing(box.window, "Tool_DB_List::Draw");
     box.Draw();
+    db::forget_drag(list_box);
     if (Edits()) {
         Paint();
         warning_title.Draw();
@@ -139,6 +141,8 @@ void Tool_DB_List::Draw()
         select_none.Draw();
         Paint();
     }
+    if (!list_pt)
+        DB_2D_Class_List_Reset_Sliders(this); // a layout makes them active
     Draw_Sliders();
 }
 

@@ -117,6 +117,7 @@ private:
     bool Take_Slider(Sliders& slider, int up_down);
     bool Click_Buttons(int up_down);
     void Refresh_After_Edit();
+    void Leave_Diagram();
     void Drag_On(int up_down);
     bool Scroll_By_Drag();
     void End_Drag(int up_down);

@@ -51,19 +51,12 @@ void empty_windows()
 
 List_Point Tool_DB_List::Origin() const
 {
-    const int space = frame::dimension("$INTERFACE_SPACE_DIM");
-    return {list_box.x + space - static_cast<int>(horizontal.value),
-        list_box.y + list_box.height + static_cast<int>(vertical.value)};
+    return db::list_origin(list_box, vertical, horizontal);
 }
 
 List_Point Tool_DB_List::Pointer() const
 {
-    POINT pointer{YCursor_X, YCursor_Y};
-    RECT client{};
-    ScreenToClient(list_box.window, &pointer);
-    GetClientRect(list_box.window, &client);
-    const List_Point origin = Origin();
-    return {pointer.x - origin.x, origin.y - (client.bottom - 1 - pointer.y)};
+    return db::list_pointer(list_box, Origin());
 }
 
 // ---------------------------------------------------------------------------------------------------------- clicks
@@ -148,8 +141,10 @@ int Tool_DB_List::Motion(int up_down)
         select_all.Select(up_down);
         select_none.Select(up_down);
     }
-    if (!list_box.Select(up_down))
+    if (!list_box.Select(up_down)) {
+        Leave_Diagram();
         return 0;
+    }
     if (Edits())
         DB_Edit_Motion_DB(mode, &list_box, up_down, nb, list_pt, &vertical, &horizontal);
     else
@@ -162,7 +157,7 @@ void Tool_DB_List::End_Drag(int up_down)
     drag.going_on = false;
     if (Edits())
         DB_Edit_Motion_DB(mode, &list_box, up_down, nb, list_pt, &vertical, &horizontal);
-    DB_2D_Class_List_Erase_Band(this);
+    db::erase_drag(list_box);
     Paint(DB_Lines::as_they_are);
 }
 
@@ -223,4 +218,11 @@ void Tool_DB_List::Leave()
     select_none.Deselect();
     vertical.Deselect();
     horizontal.Deselect();
+    Leave_Diagram();
+}
+
+void Tool_DB_List::Leave_Diagram()
+{
+    if (Edits())
+        DB_Edit_Leave(mode, &list_box, nb, list_pt, &vertical, &horizontal);
 }

@@ -21,7 +21,7 @@ Database_List::Database_List()
 
 Database_List::~Database_List()
 {
-    hold(false, false);
+    hold_keys(false, false);
     if (panel.Motion(0)) // ends a drag
         panel.Leave();
 }
@@ -87,14 +87,6 @@ Place Database_List::on_line(int line, int level) const
 {
     const auto origin = panel.Origin();
     return {origin.x + 20 * level + 3, origin.y - 18 * line - 18};
-}
-
-void Database_List::hold(bool shift, bool control) const
-{
-    BYTE keys[256] = {};
-    keys[VK_SHIFT] = shift ? 0x80 : 0;
-    keys[VK_CONTROL] = control ? 0x80 : 0;
-    SetKeyboardState(keys);
 }
 
 int Database_List::press(Place place)

@@ -37,7 +37,6 @@ protected:
     /// Where a line's texts are, or the lead of its row.
     Place on_line(int line, int level = 9) const;
 
-    void hold(bool shift, bool control) const;
     int press(Place place);
     int release(Place place);
     int move(Place place, int up_down);

@@ -136,6 +136,28 @@ TEST_F(DatabaseMemory, EveryAllocationOfTheClassesMayFail)
     EXPECT_EQ(static_cast<int>(seen.size()), 15 + 14 + 5);
 }
 
+TEST_F(DatabaseMemory, ResultsTellWhatIsThere)
+{
+    for (int n = 1;; ++n) {
+        SCOPED_TRACE("allocation " + std::to_string(n));
+        Tool_DB_Class classes;
+        Tool_DB_File opened;
+        bool failed[2];
+        unsigned short result[2];
+        Tool_DB_List* const panels[] = {&classes, &opened};
+        for (const int i : {0, 1}) {
+            const Failing_New failing(n);
+            result[i] = panels[i]->List_Create_From_DB(&panels[i]->nb, &panels[i]->list_pt, 0, 0, nullptr);
+            failed[i] = failing.has_failed();
+        }
+        const bool has_root = classes.list_pt && classes.list_pt[0].name;
+        EXPECT_EQ(result[0], has_root ? classes.list_pt[0].nb_desc + 1 : 0);
+        EXPECT_EQ(result[1], failed[1] ? 0 : 1);
+        if (!failed[0] && !failed[1])
+            break;
+    }
+}
+
 TEST_F(DatabaseMemory, ClassesWithoutRoomAreLost)
 {
     Tool_DB_Class panel;

@@ -92,6 +92,9 @@ TEST_F(DatabaseEvents, BarsAreDragged)
     EXPECT_EQ(press(top), 1);
     EXPECT_EQ(move({top.x, top.y - 40}, held), 1);
     EXPECT_GT(bar.value, 100);
+    const auto shown = pixels(main_window());
+    panel.Draw();
+    EXPECT_EQ(pixels(main_window()), shown) << "list and thumb";
     const float before = bar.value;
     EXPECT_EQ(move({panel.list_box.x + 20, top.y - 80}, held), 1) << "beside the bar, over the list";
     EXPECT_GT(bar.value, before);
@@ -170,6 +173,46 @@ TEST_F(DatabaseEvents, RubberBandIsXorOfItsFourSides)
     EXPECT_EQ(band.get(), before.get() ^ 0x00008080u);
 }
 
+TEST_F(DatabaseEvents, RubberBandStaysWithTheContentWhenADragScrolls)
+{
+    add_series(20, 3);
+    const Place from = on_line(2, 6), below{panel.list_box.x + 100, panel.bottom_zone.y + 2};
+    press(from);
+    for (int i = 0; i < 5; ++i)
+        move(below, held);
+    ASSERT_EQ(panel.vertical.value, 15);
+    const auto banded = pixels(main_window());
+    panel.Draw(); // without the band
+    const auto plain = pixels(main_window());
+    const int top = 799 - (from.y + 15);
+    for (int row = 0; row < 800; ++row) {
+        for (int x = 0; x < 800; ++x) {
+            const auto at = static_cast<size_t>(row * 800 + x);
+            const Place place{x, 799 - row};
+            const bool across = row == top && x >= below.x && x <= from.x;
+            const bool upright = (x == below.x || x == from.x) && row >= top;
+            const bool drawn = (across || upright) && place.y >= panel.list_box.y;
+            ASSERT_EQ(banded[at] ^ plain[at], drawn ? 0x00008080u : 0u) << x << ", " << place.y;
+        }
+    }
+}
+
+TEST_F(DatabaseEvents, RubberBandIsForgottenWhenTheListIsEmptied)
+{
+    press(on_line(2));
+    move(on_line(4, 12), held);
+    hostkit::Tree_Reset();
+    panel.Update(0x402);
+    const auto empty = pixels(main_window());
+    move(on_line(5, 10), held);
+    EXPECT_NE(pixels(main_window()), empty);
+    panel.Draw();
+    EXPECT_EQ(pixels(main_window()), empty);
+    move(on_line(3, 11), held);
+    move(on_line(3, 11), 0);
+    EXPECT_EQ(pixels(main_window()), empty);
+}
+
 TEST_F(DatabaseEvents, TreeWordsRebuildAndScrollBack)
 {
     add_series(20, 3);
@@ -207,8 +250,42 @@ TEST_F(DatabaseEvents, CurrentWindowGreysTheButtons)
     EXPECT_EQ(panel.select_none.state, 0u);
 }
 
+TEST_F(DatabaseEvents, PointerHighlightsAndLeaveTakesItAway)
+{
+    add_series(20, 3);
+    add_image(series_b, std::string(100, 'w'));
+    rebuild();
+    panel.Draw();
+    const auto plain = pixels(main_window());
+    for (const Tools* widget :
+        {static_cast<const Tools*>(&panel.select_all), static_cast<const Tools*>(&panel.select_none),
+            static_cast<const Tools*>(&panel.vertical), static_cast<const Tools*>(&panel.horizontal)}) {
+        EXPECT_EQ(move(middle(*widget), 0), 0);
+        EXPECT_NE(pixels(main_window()), plain);
+        panel.Leave();
+        EXPECT_EQ(pixels(main_window()), plain);
+    }
+    EXPECT_EQ(move(on_line(3), 0), 1) << "over the list";
+    EXPECT_EQ(move({500, 500}, 0), 0);
+}
+
+TEST_F(DatabaseEvents, ChangesOfOtherThingsPaintNothing)
+{
+    panel.Draw();
+    press(on_line(2));
+    move(on_line(4, 12), held);
+    const auto before = pixels(main_window()); // a repaint would take the band away
+    for (const auto word : {0ull, 0x100ull, 0x2ull, 0x101ull, 0x104ull, 0x1000F04000E00000ull, 0x100000ull})
+        panel.Update(word);
+    EXPECT_EQ(pixels(main_window()), before);
+}
+
 TEST_F(DatabaseEvents, EmptiedListLeavesAnEmptyPicture)
 {
+    add_series(20, 3);
+    add_image(series_b, std::string(100, 'w'));
+    rebuild();
+    ASSERT_TRUE(panel.vertical.Active() && panel.horizontal.Active());
     hostkit::Tree_Reset();
     panel.Update(0x402);
     EXPECT_EQ(panel.nb, 0);
@@ -258,8 +335,9 @@ TEST_F(DatabaseEvents, EditModeShowsWarningsInTurnAndRoutesEvents)
     EXPECT_EQ(edit.Keyboard(2094), 0);
     EXPECT_EQ(reports.texts(15),
         (Lines{"in Tool_DB_List::Click(up_down=0x00000012)", "in DB_Edit_Click_DB(up_down=0x00000012)",
-            "in DB_Edit_Motion_DB(up_down=0x00000000)", "in Tool_DB_List::Keyboard(key=0x0000000d)",
-            "in Tool_DB_List::Keyboard(key=0x0000082e)", "in DB_Edit_Key_DB(key=0x0000082e)"}));
+            "in DB_Edit_Locate()", "in DB_Edit_Motion_DB(up_down=0x00000000)", "in DB_Edit_Locate()",
+            "in Tool_DB_List::Keyboard(key=0x0000000d)", "in Tool_DB_List::Keyboard(key=0x0000082e)",
+            "in DB_Edit_Key_DB(key=0x0000082e)", "in DB_Edit_Locate()"}));
     point(main_window(), middle(edit.select_all));
     EXPECT_EQ(edit.Click(left_press), 0) << "there are no buttons";
 }

@@ -1,6 +1,10 @@
 #include "hostkit/structures/registry.h"
 #include "tests/db/database_list.h"
 
+#include <algorithm>
+#include <cstring>
+#include <random>
+
 // Where the list's parts are, and what a copy shares.
 
 using namespace test;
@@ -14,8 +18,37 @@ Numbers place_of(const Tools& widget)
     return {widget.x, widget.y, widget.width, widget.height};
 }
 
+int text_width(const char* text, const char* weight)
+{
+    const HFONT font = Y_Create_Font(
+        hostkit::String_Variable("$INTERFACE_TOOL_FONT_NAME"), Variable<short>("$INTERFACE_TOOL_FONT_SCALE"), weight);
+    const HGDIOBJ before = SelectObject(Y_DC, font);
+    std::vector<WCHAR> wide(std::strlen(text) + 1);
+    const int length = MultiByteToWideChar(CP_UTF8, 0, text, -1, wide.data(), static_cast<int>(wide.size())) - 1;
+    SIZE size{};
+    GetTextExtentPoint32W(Y_DC, wide.data(), length, &size);
+    SelectObject(Y_DC, before);
+    DeleteObject(font);
+    return size.cx;
+}
+
 class DatabaseLayout : public Database_List {
 protected:
+    /// The width of the widest row, text by text.
+    int widest_row() const
+    {
+        int widest = 0;
+        Y_setup(main_window(), "test");
+        for (int i = 0; i < panel.nb; ++i) {
+            int width = 2 * space + 20 * (row(i).level + 3);
+            width += row(i).title ? text_width(row(i).title, "") + text_width(": ", "") : 0;
+            width += row(i).name ? text_width(row(i).name, "bold") : 0;
+            widest = std::max(widest, width);
+        }
+        Y_release();
+        return widest;
+    }
+
     const int space = Variable<short>("$INTERFACE_SPACE_DIM"), slider = Variable<short>("$INTERFACE_VAL_DIM_SML"),
               button = Variable<short>("$INTERFACE_BUTTON_DIM_SML"), border = Variable<short>("$INTERFACE_BORDER_DIM");
 };
@@ -45,6 +78,7 @@ TEST_F(DatabaseLayout, PartsFillThePanel)
     EXPECT_STREQ(panel.warning_title.name.get(), " Warning!");
     EXPECT_EQ(panel.warning_title.state, 8448u);
     EXPECT_EQ(panel.warning_title.color.get(), 0x00FF00FFu);
+    EXPECT_EQ(panel.warning_message.state, 8448u);
     EXPECT_EQ(panel.warning_message.color.get(), 0x00010000u);
 
     const int band = y + 2 * space + button, height = h - 2 * space - 2 - button - 1;
@@ -61,6 +95,23 @@ TEST_F(DatabaseLayout, PartsFillThePanel)
     EXPECT_EQ(place_of(panel.bottom_zone), (Numbers{x, y, w, panel.list_box.y - y}));
     EXPECT_EQ(place_of(panel.left_zone), (Numbers{x, y, 20, h}));
     EXPECT_EQ(place_of(panel.right_zone), (Numbers{right, y, x + w - right, h}));
+}
+
+TEST_F(DatabaseLayout, WarningsTitleIsAPointLargerThanTheInterface)
+{
+    const HFONT larger = Y_Create_Font(hostkit::String_Variable("$INTERFACE_TOOL_FONT_NAME"),
+        static_cast<short>(Variable<short>("$INTERFACE_TOOL_FONT_SCALE") + 1),
+        hostkit::String_Variable("$INTERFACE_TOOL_FONT_WEIGHT"));
+    Y_setup(main_window(), "test");
+    TEXTMETRICA expected{}, made{};
+    const HGDIOBJ before = SelectObject(Y_DC, larger);
+    GetTextMetricsA(Y_DC, &expected);
+    SelectObject(Y_DC, panel.warning_title.font);
+    GetTextMetricsA(Y_DC, &made);
+    SelectObject(Y_DC, before);
+    Y_release();
+    EXPECT_EQ(made.tmHeight, expected.tmHeight);
+    DeleteObject(larger);
 }
 
 TEST_F(DatabaseLayout, RangesBeforeTheFirstPaintAreFixed)
@@ -97,12 +148,44 @@ TEST_F(DatabaseLayout, RangesFollowTheContent)
     EXPECT_EQ(panel.vertical.state, 0x0C000027u) << "seven rows fit";
     add_series(20, 3);
     EXPECT_EQ(panel.vertical.state, 0x0C000004u);
-    EXPECT_EQ(panel.vertical.maximum, static_cast<float>((panel.nb + 1) * 18 - panel.list_box.height));
+    const int content = (panel.nb + 1) * 18;
+    EXPECT_EQ(panel.vertical.maximum, static_cast<float>(content - panel.list_box.height));
+    EXPECT_FLOAT_EQ(panel.vertical.thumb, static_cast<float>(panel.list_box.height) / static_cast<float>(content));
     EXPECT_EQ(panel.horizontal.state, 0x08000023u);
     add_image(series_b, std::string(100, 'w'));
     rebuild();
     EXPECT_EQ(panel.horizontal.state, 0x08000000u);
     EXPECT_GT(panel.horizontal.maximum, 500);
+}
+
+TEST_F(DatabaseLayout, EmptyListHasNothingToScrollAfterALayoutEither)
+{
+    hostkit::Tree_Reset();
+    rebuild();
+    lay_out(280, 240);
+    EXPECT_EQ(panel.vertical.state, 0x0C000027u);
+    EXPECT_EQ(panel.horizontal.state, 0x08000023u);
+    point(main_window(), middle(panel.list_box));
+    EXPECT_EQ(panel.Scroll(-2), 1);
+    EXPECT_EQ(panel.vertical.value, 0);
+}
+
+TEST_F(DatabaseLayout, ContentThatFitsExactlyFits)
+{
+    const int height = 260 - panel.list_box.height + (panel.nb + 1) * 18;
+    lay_out(300, height);
+    EXPECT_EQ(panel.vertical.state, 0x0C000027u);
+    lay_out(300, height - 1);
+    EXPECT_EQ(panel.vertical.state, 0x0C000004u);
+    EXPECT_EQ(panel.vertical.maximum, 1);
+}
+
+TEST_F(DatabaseLayout, WidthIsThatOfTheNewTexts)
+{
+    ASSERT_FALSE(panel.horizontal.Active());
+    images[2]->Name_Set(std::string(80, 'm').c_str());
+    rebuild(); // as many rows as before
+    EXPECT_TRUE(panel.horizontal.Active());
 }
 
 TEST_F(DatabaseLayout, WidthIsThatOfTheWidestRow)
@@ -114,6 +197,43 @@ TEST_F(DatabaseLayout, WidthIsThatOfTheWidestRow)
     press(on_line(1, 1));
     EXPECT_EQ(lines()[2], 65535);
     EXPECT_EQ(panel.horizontal.maximum, wide);
+}
+
+TEST_F(DatabaseLayout, WidthIsThatOfTheTextsAsTheyAreDrawn)
+{
+    std::mt19937 random(3);
+    const std::string parts[] = {"AV", "Ta", "W.", "LT", "m", "H", "ffi", "\u00e9", "\u0416", "Yo", "r,"};
+    for (int round = 0; round < 30; ++round) {
+        std::string name;
+        for (int i = 0; i < 60; ++i)
+            name += parts[random() % (round % 3 ? 7 : std::size(parts))];
+        add_image(series_a, name);
+    }
+    rebuild();
+    ASSERT_TRUE(panel.horizontal.Active());
+    EXPECT_EQ(panel.horizontal.maximum, static_cast<float>(widest_row() + 2 * space - panel.list_box.width));
+}
+
+TEST_F(DatabaseLayout, WidthFollowsTheInterfacesSpacing)
+{
+    add_image(series_a, std::string(80, 'm'));
+    rebuild();
+    const float content = panel.horizontal.maximum + static_cast<float>(panel.list_box.width);
+    Variable<short>("$INTERFACE_SPACE_DIM") = static_cast<short>(space + 5);
+    lay_out();
+    EXPECT_EQ(panel.horizontal.maximum + static_cast<float>(panel.list_box.width), content + 4 * 5);
+}
+
+TEST_F(DatabaseLayout, WidthOfTextsThatAreSetTighterIsTheirOwn)
+{
+    add_image(series_a, std::string(30, 'V') + std::string(30, 'A'));
+    std::string tight;
+    for (int i = 0; i < 30; ++i)
+        tight += "AV";
+    add_image(series_a, tight + ".");
+    rebuild();
+    ASSERT_TRUE(panel.horizontal.Active());
+    EXPECT_EQ(panel.horizontal.maximum, static_cast<float>(widest_row() + 2 * space - panel.list_box.width));
 }
 
 TEST_F(DatabaseLayout, ConstructedPanelIsEmpty)
@@ -139,6 +259,32 @@ TEST_F(DatabaseLayout, WithoutALayoutRowsAreMadeAndNumberedAllTheSame)
     EXPECT_EQ(fresh.Click(left_press), 0);
     EXPECT_EQ(fresh.Motion(0), 0);
     EXPECT_EQ(fresh.Scroll(1), 0);
+}
+
+TEST_F(DatabaseLayout, CopiesHaveEveryPart)
+{
+    panel.last_row = 4;
+    panel.vertical.value = 7;
+    panel.warning_message.Set_Name("text");
+    const Tool_DB_Class copied(panel);
+    Tool_DB_Class assigned(1);
+    assigned = panel;
+    for (const Tool_DB_Class* copy : {&copied, &static_cast<const Tool_DB_Class&>(assigned)}) {
+        const auto parts = [](const Tool_DB_List& list) {
+            return std::vector<const Tools*>{&list.box, &list.spare, &list.list_box, &list.top_zone, &list.bottom_zone,
+                &list.left_zone, &list.right_zone, &list.warning_title, &list.warning_message, &list.vertical,
+                &list.horizontal, &list.select_all, &list.select_none};
+        };
+        const auto of_copy = parts(*copy), of_panel = parts(panel);
+        for (size_t i = 0; i < of_panel.size(); ++i) {
+            EXPECT_EQ(place_of(*of_copy[i]), place_of(*of_panel[i])) << "part " << i;
+            EXPECT_EQ(of_copy[i]->state, of_panel[i]->state) << "part " << i;
+            EXPECT_STREQ(of_copy[i]->name.get(), of_panel[i]->name.get()) << "part " << i;
+        }
+        EXPECT_EQ(copy->vertical.value, 7);
+        EXPECT_EQ(copy->mode, 2);
+        EXPECT_EQ(copy->last_row, 4);
+    }
 }
 
 TEST_F(DatabaseLayout, CopiesShareTheRows)

@@ -64,6 +64,19 @@ TEST_F(DatabasePicture, ScrolledListIsCutAtItsBox)
     EXPECT_EQ(pixels(main_window()), before);
 }
 
+TEST_F(DatabasePicture, IdleBarsShowNothingToBeMoved)
+{
+    add_series(20, 3);
+    press(on_line(0, 0));
+    release(on_line(0, 0)); // the root is folded: one line is left
+    for (const Sliders* bar : {&panel.vertical, &panel.horizontal}) {
+        ASSERT_FALSE(bar->Active());
+        const Colors seen = pixel(main_window(), middle(*bar));
+        EXPECT_EQ(pixel(main_window(), {bar->x + 3, bar->y + 3}), seen);
+        EXPECT_EQ(pixel(main_window(), {bar->x + bar->width - 4, bar->y + bar->height - 4}), seen);
+    }
+}
+
 TEST_F(DatabasePicture, RowsMoveWithTheView)
 {
     add_series(20, 3);
@@ -140,4 +153,25 @@ TEST_F(DatabasePicture, FilesWithTheirIcons)
     keep_picture(main_window(), "database_files");
     ASSERT_EQ(files.nb, 22);
     EXPECT_EQ(files.list_pt[11].select, 2);
+
+    const auto on_line = [&](int line, int level) {
+        return Place{files.Origin().x + 20 * level + 3, files.Origin().y - 18 * line - 18};
+    };
+    const auto press_at = [&](Place place) {
+        point(main_window(), place);
+        files.Click(left_press);
+        files.Click(0);
+    };
+    area.width = 200;
+    area.height = 300;
+    files.Resize(&area);
+    files.Draw();
+    press_at(on_line(3, 6)); // one image of the first file
+    press_at(on_line(7, 1)); // folds the second
+    files.horizontal.value = 45;
+    files.vertical.value = 62;
+    files.Draw();
+    EXPECT_EQ(files.list_pt[0].select, 1);
+    EXPECT_EQ(files.list_pt[8].line, 65535);
+    keep_picture(main_window(), "database_files_scrolled");
 }

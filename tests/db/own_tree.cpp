@@ -1,5 +1,6 @@
 #include "tests/db/own_tree.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -65,6 +66,8 @@ Object* child(const Strato& object, int index)
     return static_cast<Object*>(object.record()->children[static_cast<size_t>(index)]);
 }
 
+constexpr unsigned long long selection = 512;
+
 void set(const Strato* object, unsigned char extent, bool selected)
 {
     constexpr unsigned char of_object = 16, of_descendants = 32;
@@ -81,7 +84,7 @@ void set(const Strato* object, unsigned char extent, bool selected)
 void note(const char* what, const Strato& object, unsigned char extent, void* word, unsigned long long mask)
 {
     std::string call = std::string(what) + ' ' + object.record()->id + ' ' + std::to_string(extent);
-    if (named(word) != "4" || mask != 512)
+    if (named(word) != "4" || mask != selection)
         call += " of " + named(word) + " mask " + std::to_string(mask);
     calls.push_back(std::move(call));
 }
@@ -89,6 +92,45 @@ void note(const char* what, const Strato& object, unsigned char extent, void* wo
 int count_of(const Strato& object)
 {
     return static_cast<int>(object.record()->children.size());
+}
+
+template <class Object>
+Object* parent(const Strato& object)
+{
+    return static_cast<Object*>(object.record()->parent);
+}
+
+int place_of(const Strato& object, const Strato* child)
+{
+    const auto& children = object.record()->children;
+    const auto found = std::find(children.begin(), children.end(), child);
+    return found == children.end() ? -1 : static_cast<int>(found - children.begin());
+}
+
+int insert(Strato& object, int place, Strato* child)
+{
+    auto& children = object.record()->children;
+    children.insert(children.begin() + place, child);
+    child->record()->parent = &object;
+    return 1;
+}
+
+// As the last one it is moved; what is inserted takes the place of another.
+int add(Strato& object, Strato* child)
+{
+    calls.push_back("move " + child->record()->id + ' ' + object.record()->id + " null");
+    return insert(object, count_of(object), child);
+}
+
+template <class Object>
+Object* remove(Strato& object, int place)
+{
+    auto& children = object.record()->children;
+    Strato* const child = children[static_cast<size_t>(place)];
+    children.erase(children.begin() + place);
+    if (child->record()->parent == &object)
+        child->record()->parent = nullptr;
+    return static_cast<Object*>(child);
 }
 
 }
@@ -263,14 +305,18 @@ int Strato::Flag_Get_Bit(unsigned char flag, void* word, unsigned long long mask
 void Strato::Flag_Set_On(unsigned char flag, void* word, unsigned long long mask)
 {
     note("flag_on", *this, flag, word, mask);
-    set(this, flag, true);
+    if (mask == selection)
+        set(this, flag, true);
 }
 
 void Strato::Flag_Set_Off(unsigned char flag, void* word, unsigned long long mask)
 {
     note("flag_off", *this, flag, word, mask);
-    set(this, flag, false);
+    if (mask == selection)
+        set(this, flag, false);
 }
+
+// ---------------------------------------------------------------------------------------------------- 1D
 
 int Strato_1D::Child_Get_Nb() const
 {
@@ -281,6 +327,43 @@ Strato_1D* Strato_1D::Child_Get_Pt(int index) const
 {
     return child<Strato_1D>(*this, index);
 }
+
+Strato_1D* Strato_1D::Parent_Get_Pt() const
+{
+    return parent<Strato_1D>(*this);
+}
+
+int Strato_1D::Child_Get_Id(const Strato_1D* child) const
+{
+    return place_of(*this, child);
+}
+
+void Strato_1D::Parent_Set_Pt(Strato_1D* parent)
+{
+    record()->parent = parent;
+}
+
+int Strato_1D::Child_Add(Strato_1D* child)
+{
+    return add(*this, child);
+}
+
+int Strato_1D::Child_Insert(int position, Strato_1D* child)
+{
+    return insert(*this, position, child);
+}
+
+Strato_1D* Strato_1D::Child_Remove(int position)
+{
+    return remove<Strato_1D>(*this, position);
+}
+
+Strato_1D* Strato_1D::Child_Remove(Strato_1D* child)
+{
+    return remove<Strato_1D>(*this, place_of(*this, child));
+}
+
+// ---------------------------------------------------------------------------------------------------- 2D
 
 int Strato_2D::Child_Get_Nb() const
 {
@@ -294,7 +377,84 @@ Strato_2D* Strato_2D::Child_Get_Pt(int index) const
 
 Strato_2D* Strato_2D::Parent_Get_Pt() const
 {
-    return static_cast<Strato_2D*>(record()->parent);
+    return parent<Strato_2D>(*this);
+}
+
+int Strato_2D::Child_Get_Id(const Strato_2D* child) const
+{
+    return place_of(*this, child);
+}
+
+void Strato_2D::Parent_Set_Pt(Strato_2D* parent)
+{
+    record()->parent = parent;
+}
+
+int Strato_2D::Child_Add(Strato_2D* child)
+{
+    return add(*this, child);
+}
+
+int Strato_2D::Child_Insert(int position, Strato_2D* child)
+{
+    return insert(*this, position, child);
+}
+
+Strato_2D* Strato_2D::Child_Remove(int position)
+{
+    return remove<Strato_2D>(*this, position);
+}
+
+Strato_2D* Strato_2D::Child_Remove(Strato_2D* child)
+{
+    return remove<Strato_2D>(*this, place_of(*this, child));
+}
+
+// ---------------------------------------------------------------------------------------------------- 3D
+
+int Strato_3D::Child_Get_Nb() const
+{
+    return count_of(*this);
+}
+
+Strato_3D* Strato_3D::Child_Get_Pt(int index) const
+{
+    return child<Strato_3D>(*this, index);
+}
+
+Strato_3D* Strato_3D::Parent_Get_Pt() const
+{
+    return parent<Strato_3D>(*this);
+}
+
+int Strato_3D::Child_Get_Id(const Strato_3D* child) const
+{
+    return place_of(*this, child);
+}
+
+void Strato_3D::Parent_Set_Pt(Strato_3D* parent)
+{
+    record()->parent = parent;
+}
+
+int Strato_3D::Child_Add(Strato_3D* child)
+{
+    return add(*this, child);
+}
+
+int Strato_3D::Child_Insert(int position, Strato_3D* child)
+{
+    return insert(*this, position, child);
+}
+
+Strato_3D* Strato_3D::Child_Remove(int position)
+{
+    return remove<Strato_3D>(*this, position);
+}
+
+Strato_3D* Strato_3D::Child_Remove(Strato_3D* child)
+{
+    return remove<Strato_3D>(*this, place_of(*this, child));
 }
 
 const Frame_Record* Strato_2D::Frame_Record_Get() const
@@ -307,15 +467,7 @@ int Strato_2D::Child_Get_Cur(Strato_Window*) const
     return -1;
 }
 
-int Strato_3D::Child_Get_Nb() const
-{
-    return count_of(*this);
-}
-
-Strato_3D* Strato_3D::Child_Get_Pt(int index) const
-{
-    return child<Strato_3D>(*this, index);
-}
+// ---------------------------------------------------------------------------------------------------- iterators
 
 unsigned short Iterator_Init(const char* owner, Strato*)
 {

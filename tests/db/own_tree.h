@@ -50,8 +50,8 @@ STRUCTURES_API void fail_iterators(bool fail);
 STRUCTURES_API int open_iterators();
 
 /// The calls since the last time: "flag_on ID EXTENT", "flag_off ID EXTENT", "change_child WINDOW OBJECT OBJECT",
-/// "update WORD ARGUMENT ARGUMENT", "redraw MASK ARGUMENT ARGUMENT", "begin OWNER", "end". Addresses are the objects'
-/// names, null or small numbers.
+/// "update WORD ARGUMENT ARGUMENT", "redraw MASK ARGUMENT ARGUMENT", "move ID PARENT null", "begin OWNER", "end".
+/// Addresses are the objects' names, null or small numbers.
 STRUCTURES_API std::vector<std::string> take_calls();
 
 /// Called at once with each word that is sent.

@@ -3,6 +3,8 @@
 
 #include "db/browse_view.h"
 #include "db/drag.h"
+#include "db/edit_layout.h"
+#include "db/edit_view.h"
 #include "db/tool_db_class.h"
 #include "db/tool_db_file.h"
 #include "tests/db/own_tree.h"
@@ -323,6 +325,21 @@ void hold_keys(bool shift, bool control)
     SetKeyboardState(keys);
 }
 
+// Puts the pointer at a place in list coordinates.
+void point(const Tool_DB_List& panel, int x, int y)
+{
+    RECT client{};
+    GetClientRect(panel.list_box.window, &client);
+    const auto origin = panel.Origin();
+    POINT place{origin.x + x, client.bottom - 1 - (origin.y - y)};
+    ClientToScreen(panel.list_box.window, &place);
+    YCursor_X = place.x;
+    YCursor_Y = place.y;
+    const auto seen = panel.Pointer();
+    ASSERT_EQ(seen.x, x);
+    ASSERT_EQ(seen.y, y);
+}
+
 class Browse_Case : public Vector_Case {
     using Vector_Case::Vector_Case;
     void TestBody() override
@@ -355,20 +372,6 @@ class Browse_Case : public Vector_Case {
             EXPECT_EQ(all_of(panel, &DB_List::line), after.at("lines").get<Numbers>());
         }
         hold_keys(false, false);
-    }
-
-    static void point(const Tool_DB_List& panel, int x, int y)
-    {
-        RECT client{};
-        GetClientRect(panel.list_box.window, &client);
-        const auto origin = panel.Origin();
-        POINT place{origin.x + x, client.bottom - 1 - (origin.y - y)};
-        ClientToScreen(panel.list_box.window, &place);
-        YCursor_X = place.x;
-        YCursor_Y = place.y;
-        const auto seen = panel.Pointer();
-        ASSERT_EQ(seen.x, x);
-        ASSERT_EQ(seen.y, y);
     }
 };
 
@@ -416,6 +419,132 @@ class Widget_Case : public Vector_Case {
     }
 };
 
+class Edit_Layout_Case : public Vector_Case {
+    using Vector_Case::Vector_Case;
+    void TestBody() override
+    {
+        Given_Rows panel(one_.at("rows"));
+        EXPECT_EQ(db::number_diagram(panel.nb, panel.list_pt).lines, expected().at("count"));
+        EXPECT_EQ(all_of(panel, &DB_List::line), expected().at("lines").get<Numbers>());
+        for (const json& hit : expected().at("hits"))
+            EXPECT_EQ(db::hit_in_diagram({hit[0], hit[1]}, panel.nb, panel.list_pt), hit[2]) << hit;
+    }
+};
+
+// The panel in edit mode over a tree, and where the handles of its boxes are.
+class Edit_Case : public Vector_Case {
+    using Vector_Case::Vector_Case;
+
+protected:
+    void lay_out(Tool_DB_Class& panel)
+    {
+        Boxs area;
+        area.window = window_.handle();
+        area.width = 1600;
+        area.height = 1200;
+        panel.Resize(&area);
+        panel.Update(0x402);
+        own_tree::take_calls();
+    }
+
+    // At a box's left edge is the handle to its parent, at its right one that to its children.
+    void point_at(const Tool_DB_Class& panel, const std::string& id, int x) const
+    {
+        for (int i = 0; i < panel.nb; ++i) {
+            if (panel.list_pt[i].object == addresses_.at(id))
+                return point(panel, 330 * panel.list_pt[i].level + x, 50 * panel.list_pt[i].line + 30);
+        }
+        FAIL() << id << " has no row";
+    }
+
+    int click(Tool_DB_Class& panel, int up_down)
+    {
+        return DB_Edit_Click_DB(
+            panel.mode, &panel.list_box, up_down, panel.nb, panel.list_pt, &panel.vertical, &panel.horizontal);
+    }
+
+    static json tree_of(const Strato_2D& object)
+    {
+        json children = json::array();
+        for (int i = 0; i < object.Child_Get_Nb(); ++i)
+            children.push_back(tree_of(*object.Child_Get_Pt(i)));
+        return {{"name", object.Name_Get()}, {"children", children}};
+    }
+
+    static json tree_of(const json& node)
+    {
+        json children = json::array();
+        for (const json& child : node.at("children"))
+            children.push_back(tree_of(child));
+        return {{"name", node.at("name")}, {"children", children}};
+    }
+
+    void expect_tree() const
+    {
+        const auto* root = static_cast<Strato_2D*>(objects_.at(one_.at("root").at("id")));
+        EXPECT_EQ(tree_of(*root), tree_of(expected().at("root")));
+    }
+
+    std::vector<std::string> expected_calls() const
+    {
+        auto calls = calls_of(expected().at("calls"));
+        for (std::string& call : calls) {
+            const std::string mark = " 80 8 268435456";
+            if (call.ends_with(mark))
+                call.replace(call.size() - mark.size(), mark.size(), " 80 of 8 mask 268435456");
+        }
+        return calls;
+    }
+
+private:
+    const test::Test_Window window_{nullptr, 1600, 1200};
+};
+
+class Edit_Drop_Case : public Edit_Case {
+    using Edit_Case::Edit_Case;
+    void TestBody() override
+    {
+        constexpr int to_children = 250;
+        build_tree();
+        Tool_DB_Class panel(one_.at("mode"));
+        lay_out(panel);
+        const json& action = one_.at("action");
+        const json& sources = action.at("sources");
+        if (sources.size() == 1)
+            point_at(panel, sources[0], 0);
+        else
+            point_at(panel, parent_of(sources[0]), to_children);
+        EXPECT_EQ(click(panel, 18), 1);
+        point_at(panel, action.at("target"), to_children);
+        EXPECT_EQ(click(panel, 0), expected().at("result"));
+        EXPECT_EQ(own_tree::take_calls(), expected_calls());
+        expect_tree();
+    }
+
+    std::string parent_of(const std::string& id) const
+    {
+        const auto* parent = static_cast<Strato_2D*>(objects_.at(id))->Parent_Get_Pt();
+        const auto is_parent = [&](const auto& entry) { return entry.second == parent; };
+        return std::find_if(objects_.begin(), objects_.end(), is_parent)->first;
+    }
+};
+
+class Edit_Delete_Case : public Edit_Case {
+    using Edit_Case::Edit_Case;
+    void TestBody() override
+    {
+        build_tree();
+        Tool_DB_Class panel(one_.at("mode"));
+        lay_out(panel);
+        point_at(panel, one_.at("action").at("object"), 125);
+        EXPECT_EQ(DB_Edit_Key_DB(
+                      panel.mode, &panel.list_box, 2094, panel.nb, panel.list_pt, &panel.vertical, &panel.horizontal),
+            expected().at("result"));
+        EXPECT_EQ(own_tree::take_calls(), expected_calls());
+        expect_tree();
+    }
+};
+
 using Make = Vector_Case* (*)(const json& one);
 
 template <class Case>
@@ -426,7 +555,8 @@ Vector_Case* make(const json& one)
 
 const std::map<std::string, Make> makers{{"class_create", make<Create_Case>}, {"class_select", make<Select_Case>},
     {"file", make<File_Case>}, {"roll_up", make<Roll_Up_Case>}, {"browse", make<Browse_Case>},
-    {"widget", make<Widget_Case>}};
+    {"widget", make<Widget_Case>}, {"edit_layout", make<Edit_Layout_Case>}, {"edit_drop", make<Edit_Drop_Case>},
+    {"edit_delete", make<Edit_Delete_Case>}};
 
 int register_cases(const std::string& folder)
 {

@@ -2,9 +2,6 @@
 
 #include "hostkit/structures/tree.h"
 
-#define STB_IMAGE_WRITE_IMPLEMENTATION
-#include <stb_image_write.h>
-
 namespace test {
 
 namespace {
@@ -154,6 +151,15 @@ void key(HWND window, int virtual_key)
     SendMessageA(window, WM_KEYDOWN, static_cast<WPARAM>(virtual_key), 0);
 }
 
+void hold_keys(bool shift, bool control)
+{
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[VK_SHIFT] = shift ? 0x80 : 0;
+    keys[VK_CONTROL] = control ? 0x80 : 0;
+    SetKeyboardState(keys);
+}
+
 void point(HWND window, Place place)
 {
     POINT point = client_point(window, place);
@@ -184,17 +190,6 @@ std::vector<COLORREF> pixels(HWND window)
     }
     ReleaseDC(window, context);
     return result;
-}
-
-void keep_picture(HWND window, const std::string& name)
-{
-    RECT client{};
-    GetClientRect(window, &client);
-    std::vector<unsigned char> bytes;
-    for (const COLORREF color : pixels(window))
-        bytes.insert(bytes.end(), {GetRValue(color), GetGValue(color), GetBValue(color)});
-    const std::string path = std::string(VETRA_OUT) + "/" + name + ".png";
-    EXPECT_NE(stbi_write_png(path.c_str(), client.right, client.bottom, 3, bytes.data(), client.right * 3), 0) << path;
 }
 
 }

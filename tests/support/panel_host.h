@@ -54,6 +54,9 @@ void turn_wheel(HWND window, Place place, int delta);
 void type(HWND window, const std::string& text);
 void key(HWND window, int virtual_key);
 
+/// Which keys are held from now on, while mouse events happen.
+void hold_keys(bool shift, bool control);
+
 /// Records the pointer without telling a panel: for calling its events directly.
 void point(HWND window, Place place);
 
