@@ -7,6 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include <QFileInfo>
+#include <QScreen>
 #include <QTimer>
 
 #include <cstdio>
@@ -58,6 +59,7 @@ int run(const Arguments& arguments)
 {
     workbench::Session session;
     workbench::MainWindow window(session);
+    window.resize(window.size().boundedTo(window.screen()->availableSize()));
     window.show();
     QTimer::singleShot(0, &window, [&] { window.files().open(toQt(arguments.paths)); });
     return QCoreApplication::exec();
@@ -80,8 +82,7 @@ int main(int argc, char** argv)
 {
     Arguments arguments;
     CLI::App options{"Vetra: view medical images and paint label maps on them."};
-    options.add_option("paths", arguments.paths, "Files of one image, or a folder with a DICOM series")
-        ->type_name("FILE or FOLDER");
+    options.add_option("paths", arguments.paths, "Images, and folders with DICOM series")->type_name("FILE or FOLDER");
     options
         .add_option("--tour", arguments.tourFolder,
             "Play a short session without a display and leave a picture of each step, the label map labels.nii.gz "

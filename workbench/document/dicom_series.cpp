@@ -125,20 +125,22 @@ std::vector<StackFrame> frames_of(const Stack& stack)
     return frames;
 }
 
-void keep_first_volume(std::vector<StackFrame>& frames, std::vector<std::string>& notices)
+std::vector<StackFrame> keep_first_volume(std::vector<StackFrame>& frames, std::vector<std::string>& notices)
 {
     if (frames.size() < 2 || !all_placed(frames))
-        return;
-    std::vector<StackFrame> kept;
-    for (const auto& frame : frames)
-        if (kept.empty() || std::abs(*frame.place - *kept.back().place) > same_place)
-            kept.push_back(frame);
+        return {};
+    std::vector<StackFrame> kept, left_out;
+    for (const auto& frame : frames) {
+        const bool elsewhere = kept.empty() || std::abs(*frame.place - *kept.back().place) > same_place;
+        (elsewhere ? kept : left_out).push_back(frame);
+    }
     // All at one place are a sequence in time, which is shown whole.
-    if (kept.size() == 1 || kept.size() == frames.size())
-        return;
+    if (kept.size() == 1 || left_out.empty())
+        return {};
     notices.push_back("The series has " + std::to_string(frames.size()) + " frames at " + std::to_string(kept.size()) +
                       " places; the first frame of each place is shown.");
     frames = std::move(kept);
+    return left_out;
 }
 
 }

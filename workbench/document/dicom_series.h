@@ -28,8 +28,8 @@ struct StackFrame {
 /// The frames of a stack, in order: by place where all have one.
 std::vector<StackFrame> frames_of(const Stack& stack);
 
-/// Leaves one volume of frames of which several are at each place, and says so.
-void keep_first_volume(std::vector<StackFrame>& frames, std::vector<std::string>& notices);
+/// Leaves one volume of frames of which several are at each place, and says so. @return those that were left out
+std::vector<StackFrame> keep_first_volume(std::vector<StackFrame>& frames, std::vector<std::string>& notices);
 
 /// Reads the frames of a stack.
 Result<Opened> read_stack(const Stack& stack, const Progress& progress);

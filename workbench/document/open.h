@@ -36,8 +36,8 @@ struct OpenedImages {
 
 /// Opens all images that paths name: of a folder every DICOM series directly inside it, ordered by study and number, or
 /// when there is none the first image; of several files each image, DICOM files among them sorted into series. One path
-/// that is a file is opened as open() does it. Fails only when there is nothing that could be opened. Otherwise as
-/// open().
+/// that is a file is opened as open() does it. What is named twice is opened once. Fails only when there is nothing
+/// that could be opened. Otherwise as open().
 Result<OpenedImages> open_all(const std::vector<std::filesystem::path>& paths, const Progress& progress = {});
 
 /// One DICOM series of a folder.

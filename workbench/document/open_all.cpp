@@ -4,6 +4,7 @@
 #include "workbench/document/readers.h"
 
 #include <algorithm>
+#include <set>
 #include <tuple>
 
 namespace document {
@@ -29,6 +30,18 @@ void sort_by_number(std::vector<Stack>& stacks)
     });
 }
 
+// Of a file that is named twice, by itself and with its folder for one, the frames would all be there twice.
+Paths each_once(Paths paths)
+{
+    std::set<Path> seen;
+    std::erase_if(paths, [&](const Path& path) {
+        std::error_code error;
+        const Path file = std::filesystem::canonical(path, error);
+        return !seen.insert(error ? path : file).second;
+    });
+    return paths;
+}
+
 Result<Wanted> wanted_of(const Paths& paths, const Progress& progress)
 {
     Wanted wanted;
@@ -48,7 +61,7 @@ Result<Wanted> wanted_of(const Paths& paths, const Progress& progress)
         else
             dicom.insert(dicom.end(), files->begin(), files->end());
     }
-    auto headers = read_headers(dicom, progress);
+    auto headers = read_headers(each_once(std::move(dicom)), progress);
     if (!headers)
         return headers.failure();
     wanted.stacks = stacks_of(std::move(*headers));
@@ -103,7 +116,7 @@ Result<OpenedImages> open_all(const Paths& paths, const Progress& progress)
     if (paths.empty())
         return Failure{"There is nothing to open. Choose a file or a folder."};
     return guarded<Result<OpenedImages>>(paths[0], [&]() -> Result<OpenedImages> {
-        const auto wanted = wanted_of(paths, part_of(progress, 0, 0.2));
+        const auto wanted = wanted_of(each_once(paths), part_of(progress, 0, 0.2));
         if (!wanted)
             return wanted.failure();
         const Progress reading = part_of(progress, 0.2, 1);

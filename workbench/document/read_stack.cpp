@@ -103,15 +103,17 @@ void take_texts(Volume& volume, const DicomHeader& header)
         volume.header_window = {header.window_centre, header.window_width};
 }
 
-void take_frames(Volume& volume, const Frames& frames)
+std::vector<Frame> described(const Frames& frames)
 {
-    const bool one_file = frames[0].header->pixels.frames > 1;
+    std::vector<Frame> descriptions;
     for (const auto& [header, index, place] : frames) {
+        const bool one_file = header->pixels.frames > 1;
         if (one_file && !place)
-            return; // counted by whoever completes the volume
-        volume.frames.push_back(
+            return {}; // counted by whoever completes the volume
+        descriptions.push_back(
             {place.value_or(0), one_file ? index + 1 : header->instance, header->path.string(), header->is_scout});
     }
+    return descriptions;
 }
 
 void take_geometry(Geometry& geometry, const Frames& frames)
@@ -165,7 +167,7 @@ Result<Opened> read_stack(const Stack& stack, const Progress& progress)
         return layout.failure();
     Opened opened;
     auto frames = frames_of(stack);
-    keep_first_volume(frames, opened.notices);
+    const auto left_out = keep_first_volume(frames, opened.notices);
     StackReader reader(frames, *layout, progress);
     auto elements = reader.read();
     if (!elements)
@@ -185,7 +187,8 @@ Result<Opened> read_stack(const Stack& stack, const Progress& progress)
     }
     take_texts(volume, first);
     take_spacing(volume.geometry, opened.notices, frames);
-    take_frames(volume, frames);
+    volume.frames = described(frames);
+    volume.left_out = described(left_out);
     progress.at(1);
     return opened;
 }

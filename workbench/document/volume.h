@@ -42,6 +42,7 @@ public:
     int series_number = 0;          ///< 0 when unknown
     std::string series;             ///< what the series is called; for files without such a name the file's
     std::vector<Frame> frames;      ///< one each
+    std::vector<Frame> left_out;    ///< others of the series, which lie where these are
     std::vector<std::string> files; ///< that it was read from, UTF-8, in the order of the frames
 
     int width() const { return geometry.size[0]; }

@@ -8,7 +8,12 @@ namespace workbench {
 
 int FrameSelection::count() const
 {
-    int selected = tree_.selectedElsewhere();
+    return tree_.selectedElsewhere() + countInSeries();
+}
+
+int FrameSelection::countInSeries() const
+{
+    int selected = 0;
     for (int z = 0; z < tree_.frameCount(); ++z)
         selected += tree_.isSelected(z);
     return selected;
@@ -37,7 +42,7 @@ FrameSelection::Choice FrameSelection::choice() const
         return Choice::other;
     if (followsShown_ && selected == 1 && tree_.shown() && tree_.isSelected(*tree_.shown()))
         return Choice::shown;
-    if (selected == tree_.frameCount())
+    if (selected == tree_.listedFrames())
         return Choice::all;
     return selected > 0 && last() - first() + 1 == selected ? Choice::range : Choice::other;
 }

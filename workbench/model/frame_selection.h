@@ -17,8 +17,9 @@ public:
     explicit FrameSelection(ImageTree& tree) : tree_(tree) {}
 
     Choice choice() const;
-    int count() const; ///< selected frames of all series
-    int first() const; ///< of the selected ones of the current series, from 0; 0 when there are none
+    int count() const;         ///< selected frames of all series
+    int countInSeries() const; ///< selected frames of the current series
+    int first() const;         ///< of the selected ones of the current series, from 0; 0 when there are none
     int last() const;
 
     /// Each deselects the frames of all other series.

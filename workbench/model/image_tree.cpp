@@ -1,6 +1,5 @@
 #include "workbench/model/image_tree.h"
 
-#include "hostkit/structures/broadcast.h"
 #include "hostkit/structures/files.h"
 #include "hostkit/structures/registry.h"
 #include "hostkit/structures/series_pixels.h"
@@ -9,39 +8,22 @@
 #include "workbench/model/tree_files.h"
 #include "workbench/model/tree_names.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace workbench {
 
 namespace {
 
-constexpr unsigned series_class = 0x2002;
-constexpr unsigned study_class = 0x2003;
+constexpr unsigned signal_series_class = 0x1002, signal_study_class = 0x1003;
+constexpr unsigned series_class = 0x2002, study_class = 0x2003;
+constexpr unsigned volume_study_class = 0x3003;
 constexpr unsigned long long pointer_moved = 1ull << 18;
 
 // `"$MOUSE_FRM"`: x and y are its second and third float.
 struct PointerCell {
     float unused, x, y, unused_too;
 };
-
-constexpr unsigned char of_itself = 16;
-constexpr unsigned long long selected = 512;
-
-void* display_state()
-{
-    return reinterpret_cast<void*>(4);
-}
-
-bool is_selected(const Strato_2D* frame)
-{
-    return frame && frame->Flag_Get_Bit(of_itself, display_state(), selected);
-}
-
-void set_selected(Strato_2D* frame, bool on)
-{
-    if (on)
-        frame->Flag_Set_On(of_itself, display_state(), selected);
-    else
-        frame->Flag_Set_Off(of_itself, display_state(), selected);
-}
 
 hostkit::Pixel_Type pixel_type(document::PixelType type)
 {
@@ -78,39 +60,31 @@ hostkit::Series_Pixels pixels_of(const document::Volume& volume)
 
 }
 
-ImageTree::ImageTree() : window_(hostkit::Window_Add("View")) {}
+ImageTree::ImageTree()
+    : window_(hostkit::Window_Add("View")), imageStudies_(objects_, study_class),
+      volumeStudies_(objects_, volume_study_class), signalStudies_(objects_, signal_study_class)
+{
+}
 
-// The pixels go before the objects do: panels may hold on to these until they are told.
 ImageTree::~ImageTree()
 {
-    while (!files_.empty())
-        remove(files_.begin()->first);
+    while (!series_.empty())
+        remove(series_.begin()->first);
 }
 
 // ------------------------------------------------------------------------------------------------- adding, removing
-
-Strato_2D* ImageTree::studyOf(const document::Volume& volume)
-{
-    const std::string key = keyOfStudy(volume);
-    for (const Study& study : studies_)
-        if (study.key == key)
-            return study.object;
-    studies_.push_back({key, nullptr});
-    studies_.back().object = hostkit::Object_2D_Add(
-        hostkit::Root_2D(), {nameOfStudy(volume), "Study", study_class, 0, study_class, "icon study.tga"});
-    return studies_.back().object;
-}
 
 Strato_2D* ImageTree::add(const document::Volume& volume)
 {
     Strato_2D* series = nullptr;
     try {
-        series = hostkit::Object_2D_Add(
-            studyOf(volume), {nameOfSeries(volume), "Series", series_class, 0, series_class, "icon series.tga"});
-        for (int z = 0; z < volume.frame_count(); ++z)
-            hostkit::Frame_Add(series, {nameOfFrame(volume, z), "Frame", hostkit::frame_class, unsigned(z),
-                                           hostkit::frame_magic, "icon frame.tga"});
-        addFilesOf(volume, series, files_[series]);
+        series = objects_.add(imageStudies_.of(volume),
+            {nameOfSeries(volume), "Series", series_class, 0, series_class, "icon series.tga"});
+        Parts& parts = series_[series];
+        parts.study = keyOfStudy(volume);
+        addFrames(volume, series, parts);
+        addOtherViews(volume, parts);
+        addFilesOf(volume, parts.frames, parts.files);
         hostkit::Series_Pixels_Set(series, pixels_of(volume));
     } catch (...) {
         removeObjects(series);
@@ -119,6 +93,28 @@ Strato_2D* ImageTree::add(const document::Volume& volume)
     return series;
 }
 
+void ImageTree::addFrames(const document::Volume& volume, Strato_2D* series, Parts& parts)
+{
+    parts.frames.reserve(static_cast<std::size_t>(volume.frame_count()));
+    for (int z = 0; z < volume.frame_count(); ++z) {
+        parts.frames.push_back(objects_.addFrame(series, {nameOfFrame(volume, z), "Frame", hostkit::frame_class,
+                                                             unsigned(z), hostkit::frame_magic, "icon frame.tga"}));
+        places_[parts.frames.back()] = {series, z};
+    }
+}
+
+void ImageTree::addOtherViews(const document::Volume& volume, Parts& parts)
+{
+    const std::string name = nameOfSeries(volume);
+    parts.volume = objects_.add(volumeStudies_.of(volume),
+        {name, "Volume", hostkit::object_class, 0, hostkit::object_class, "icon volume.tga"});
+    parts.signalSeries = objects_.add(
+        signalStudies_.of(volume), {name, "Series", signal_series_class, 0, signal_series_class, "icon series.tga"});
+    parts.signal = objects_.add(parts.signalSeries,
+        {"Histogram", "Signal", hostkit::signal_class, 0, hostkit::signal_class, "icon signal.tga"});
+}
+
+// The pixels go before the objects do: panels may hold on to these until they are told.
 void ImageTree::remove(Strato_2D* series)
 {
     hostkit::Series_Pixels_Set(series, {});
@@ -127,107 +123,72 @@ void ImageTree::remove(Strato_2D* series)
 
 void ImageTree::removeObjects(Strato_2D* series)
 {
-    if (series == series_)
-        series_ = nullptr;
-    for (File_Record* file : files_[series])
+    if (series == current_)
+        current_ = nullptr;
+    const Parts parts = std::move(series_[series]);
+    series_.erase(series);
+    for (File_Record* file : parts.files)
         hostkit::File_Remove(file);
-    files_.erase(series);
-    hostkit::Object_2D_Remove(series);
-    removeEmptyStudies();
-}
-
-void ImageTree::removeEmptyStudies()
-{
-    std::erase_if(studies_, [](const Study& study) {
-        if (study.object && study.object->Child_Get_Nb() > 0)
-            return false;
-        hostkit::Object_2D_Remove(study.object);
-        return true;
-    });
+    for (auto frame = parts.frames.rbegin(); frame != parts.frames.rend(); ++frame) {
+        places_.erase(*frame);
+        objects_.remove(*frame);
+    }
+    objects_.remove(series);
+    objects_.remove(parts.volume);
+    objects_.remove(parts.signal);
+    objects_.remove(parts.signalSeries);
+    const auto isOpen = [&](const std::string& study) {
+        return std::ranges::any_of(series_, [&](const auto& open) { return open.second.study == study; });
+    };
+    imageStudies_.removeEmpty(isOpen);
+    volumeStudies_.removeEmpty(isOpen);
+    signalStudies_.removeEmpty(isOpen);
 }
 
 void ImageTree::tellOfChange()
 {
-    Fct_Update(hostkit::series_tree_changed, nullptr, nullptr, nullptr);
-    Fct_Update(word::selection_2D, nullptr, nullptr, nullptr);
+    for (const unsigned long long word : {word::tree_1D, word::tree_2D, word::tree_3D, word::selection_2D})
+        word::tell(word);
 }
 
-// -------------------------------------------------------------------------------------------------------- selecting
+// ----------------------------------------------------------------------------------------------------------- frames
+
+const ImageTree::Parts* ImageTree::parts() const
+{
+    const auto found = series_.find(current_);
+    return found == series_.end() ? nullptr : &found->second;
+}
 
 int ImageTree::frameCount() const
 {
-    return series_ ? series_->Child_Get_Nb() : 0;
+    return parts() ? static_cast<int>(parts()->frames.size()) : 0;
+}
+
+Strato_2D* ImageTree::frame(Strato_2D* series, int z) const
+{
+    return series_.at(series).frames.at(static_cast<std::size_t>(z));
 }
 
 std::optional<int> ImageTree::indexOf(const Strato_2D* frame) const
 {
-    if (!series_ || !frame || frame->Parent_Get_Pt() != series_)
+    const auto place = places_.find(frame);
+    if (!current_ || place == places_.end() || place->second.series != current_)
         return {};
-    return hostkit::Child_Index(frame);
-}
-
-bool ImageTree::isSelected(int z) const
-{
-    return series_ && is_selected(series_->Child_Get_Pt(z));
-}
-
-// Calls visit(frame) for all frames in the order of the tree, until it returns true.
-void ImageTree::forEachFrame(const std::function<bool(Strato_2D* frame)>& visit)
-{
-    const Strato_2D* root = hostkit::Root_2D();
-    for (int i = 0; i < root->Child_Get_Nb(); ++i)
-        for (int j = 0; j < root->Child_Get_Pt(i)->Child_Get_Nb(); ++j) {
-            const Strato_2D* series = root->Child_Get_Pt(i)->Child_Get_Pt(j);
-            for (int z = 0; z < series->Child_Get_Nb(); ++z)
-                if (visit(series->Child_Get_Pt(z)))
-                    return;
-        }
-}
-
-void ImageTree::select(int first, int last)
-{
-    bool changed = false;
-    forEachFrame([&](Strato_2D* frame) {
-        const int z = indexOf(frame).value_or(-1);
-        const bool on = z >= 0 && z >= first && z <= last;
-        if (on != is_selected(frame)) {
-            set_selected(frame, on);
-            changed = true;
-        }
-        return false;
-    });
-    if (changed)
-        Fct_Update(word::selection_2D, nullptr, nullptr, nullptr);
-}
-
-int ImageTree::selectedElsewhere() const
-{
-    int count = 0;
-    forEachFrame([&](const Strato_2D* frame) {
-        count += frame->Parent_Get_Pt() != series_ && is_selected(frame);
-        return false;
-    });
-    return count;
-}
-
-Strato_2D* ImageTree::selectedInstead() const
-{
-    Strato_2D* first = nullptr;
-    if (is_selected(hostkit::Window_Frame(window_)))
-        return first;
-    forEachFrame([&](Strato_2D* frame) {
-        first = is_selected(frame) ? frame : nullptr;
-        return first != nullptr;
-    });
-    return first;
+    return place->second.z;
 }
 
 // ---------------------------------------------------------------------------------------------------------- showing
 
 Strato_2D* ImageTree::shownSeries() const
 {
-    const Strato_2D* frame = hostkit::Window_Frame(window_);
-    return frame ? frame->Parent_Get_Pt() : nullptr;
+    const auto place = places_.find(hostkit::Window_Frame(window_));
+    return place == places_.end() ? nullptr : place->second.series;
+}
+
+bool ImageTree::showsNoFrame() const
+{
+    const Strato_2D* const shown = hostkit::Window_Frame(window_);
+    return shown && !places_.contains(shown);
 }
 
 std::optional<int> ImageTree::shown() const
@@ -237,7 +198,7 @@ std::optional<int> ImageTree::shown() const
 
 void ImageTree::show(int z)
 {
-    show(series_->Child_Get_Pt(z));
+    show(frame(current_, z));
 }
 
 void ImageTree::show(Strato_2D* frame)
@@ -247,7 +208,7 @@ void ImageTree::show(Strato_2D* frame)
 
 double ImageTree::greyFactor() const
 {
-    return series_ ? hostkit::Series_Grey_Factor(series_) : 1;
+    return current_ ? hostkit::Series_Grey_Factor(current_) : 1;
 }
 
 void ImageTree::setPointer(std::optional<QPointF> position)

@@ -293,7 +293,7 @@ int Markers::adopt(const document::MarkerList& markers, const QString& path)
 {
     endMoving();
     push(tr("Load %1").arg(QFileInfo(path).fileName()), table_.of(markers));
-    markSaved(path, snapshot());
+    markSaved(session_.otherWithMarkers(path) ? QString() : path, snapshot()); // two series never write into one file
     const auto& size = session_.volume().geometry.size;
     int beyond = 0;
     for (unsigned marker = 0; marker < hostkit::most_markers; ++marker)

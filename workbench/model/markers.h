@@ -81,7 +81,8 @@ public:
     QString path() const { return path_; } ///< that they were saved to or loaded from; may be empty
 
     /// Makes markers that were loaded from `path` the image's own, as one step that can be undone. Only when there is
-    /// an image. @return how many of them lie beyond it
+    /// an image. A file that is another series' keeps belonging to that: path() is empty then.
+    /// @return how many of them lie beyond the image
     int adopt(const document::MarkerList& markers, const QString& path);
 
     /// What was taken is in the file `path` now. Without effect when it belongs to an image that is no longer open.

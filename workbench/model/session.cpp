@@ -12,6 +12,7 @@ Session::Session(QObject* parent) : QObject(parent)
     undo_.setActiveStack(&tagSteps_);
     updates_ = hostkit::On_Update([this](unsigned long long flags) { hostChanged(flags); });
     connect(&markers_, &Markers::savedChanged, this, &Session::titleChanged);
+    connect(&databaseEdits_, &DatabaseEdits::message, this, &Session::message);
 }
 
 Session::~Session()
@@ -24,11 +25,16 @@ void Session::hostChanged(unsigned long long flags)
 {
     if (flags & word::current_frame)
         followWindow();
-    if ((flags & word::selection_2D) == word::selection_2D) {
+    if (word::says(flags, word::selection_2D)) {
         followWindow();
         showSelectedFrame();
         selection_.followTree();
+        tree_.followFrames();
     }
+    if (word::says(flags, word::selection_3D))
+        tree_.followVolumes();
+    if (word::says(flags, word::selection_1D))
+        tree_.followSignals();
     if (flags & word::current_tag)
         emit currentTagChanged(currentTag());
     if (flags & word::brushes)
@@ -55,6 +61,8 @@ void Session::setFrame(int z)
 
 void Session::followWindow()
 {
+    if (image_ && tree_.showsNoFrame())
+        return tree_.show(lastFrame_);
     const auto shows = [&](const Series& series) { return series->object == tree_.shownSeries(); };
     if (const auto shown = std::ranges::find_if(series_, shows); shown != series_.end() && *shown != image_)
         return makeCurrent(*shown);

@@ -2,6 +2,7 @@
 
 #include "hostkit/structures/broadcast.h"
 #include "workbench/document/open.h"
+#include "workbench/model/database_edits.h"
 #include "workbench/model/frame_selection.h"
 #include "workbench/model/fresh_host.h"
 #include "workbench/model/image_tree.h"
@@ -107,6 +108,8 @@ public:
 
     /// Another series whose label map is this file; null when there is none.
     const OpenSeries* otherWithLabels(const QString& path) const;
+    /// The same for markers.
+    const OpenSeries* otherWithMarkers(const QString& path) const;
 
     /// Whether the labels differ from that file, or from an empty map when there is none. Exact through undo and redo.
     bool areLabelsModified() const { return image_ && image_->areLabelsModified(); }
@@ -237,6 +240,11 @@ public:
     Markers& markers() { return markers_; }
     const Markers& markers() const { return markers_; }
 
+    // ---------------------------------------------------------------------------------------------------- database
+
+    /// What the user changes of the database's trees, with steps of their own.
+    DatabaseEdits& databaseEdits() { return databaseEdits_; }
+
     // -------------------------------------------------------------------------------------------------------- undo
 
     /// Strokes, loaded labels, propagations, changes of tags and of markers; each step has a text. An undo takes back a
@@ -267,8 +275,10 @@ private:
 
     void hostChanged(unsigned long long flags);
     void showSelectedFrame();
+    void tellOfSeries();
     document::Result<Series> made(document::Opened opened);
     Series openFrom(const std::vector<std::string>& files) const;
+    const OpenSeries* otherWith(const QString& path, const QString& (*pathOf)(const OpenSeries&)) const;
     void makeCurrent(const Series& series);
     void pushRenamings();
     void pushTags(const QString& text, const TagTable::State& after);
@@ -290,6 +300,7 @@ private:
 
     FreshHost host_;
     ImageTree tree_;
+    DatabaseEdits databaseEdits_{tree_.objects()};
     FrameSelection selection_{tree_};
     TagTable table_;
     Markers markers_{*this};

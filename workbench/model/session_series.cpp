@@ -84,12 +84,18 @@ std::vector<document::Failure> Session::adoptImages(std::vector<document::Opened
             largest = series;
     }
     if (opened) {
-        tree_.tellOfChange();
+        tellOfSeries();
         emit imageOpened();
     }
     if (largest)
         showSeries(largest);
     return failures;
+}
+
+void Session::tellOfSeries()
+{
+    databaseEdits_.accept();
+    tree_.tellOfChange();
 }
 
 Session::Series Session::openFrom(const std::vector<std::string>& files) const
@@ -113,7 +119,7 @@ void Session::showSeries(const Series& series)
         return;
     const hostkit::Panel_Call until_complete;
     setPointer({});
-    tree_.show(series->object->Child_Get_Pt(series->volume.frame_count() / 2));
+    tree_.show(tree_.frame(series->object, series->volume.frame_count() / 2));
     makeCurrent(series);
     selection_.chooseAll();
 }
@@ -157,7 +163,7 @@ void Session::closeSeries()
     undo_.removeStack(&closing->undo);
     closing->undo.clear();
     tree_.remove(closing->object);
-    tree_.tellOfChange();
+    tellOfSeries();
 }
 
 // ------------------------------------------------------------------------------------------------- names and states
@@ -195,9 +201,19 @@ bool Session::isModified() const
 
 const OpenSeries* Session::otherWithLabels(const QString& path) const
 {
+    return otherWith(path, [](const OpenSeries& series) -> const QString& { return series.labelPath; });
+}
+
+const OpenSeries* Session::otherWithMarkers(const QString& path) const
+{
+    return otherWith(path, [](const OpenSeries& series) -> const QString& { return series.markers.path; });
+}
+
+const OpenSeries* Session::otherWith(const QString& path, const QString& (*pathOf)(const OpenSeries&)) const
+{
     const auto has = [&](const Series& series) {
-        return series != image_ && !series->labelPath.isEmpty() &&
-               identityOf(series->labelPath.toStdString()) == identityOf(path.toStdString());
+        return series != image_ && !pathOf(*series).isEmpty() &&
+               identityOf(pathOf(*series).toStdString()) == identityOf(path.toStdString());
     };
     const auto found = std::ranges::find_if(series_, has);
     return found == series_.end() ? nullptr : found->get();

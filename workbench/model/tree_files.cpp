@@ -32,27 +32,47 @@ hostkit::Frame_Description describe(const document::Volume& volume, const docume
     return {.record = {modalityCode(volume.modality), flags, clamped(volume.width()), clamped(volume.height()), 1, 1}};
 }
 
+/// A file with the images in it that belong to a volume.
+struct Contents {
+    const std::string* path;
+    std::vector<hostkit::Frame_Description> frames;
+    std::vector<Strato_2D*> objects; // that show them; fewer, when those at the end were left out
+};
+
+std::vector<Contents> contentsOf(const document::Volume& volume, const std::vector<Strato_2D*>& objects)
+{
+    std::vector<Contents> files;
+    std::unordered_map<std::string, std::size_t> found;
+    const auto fileOf = [&](const document::Frame& frame) -> Contents& {
+        const auto [file, isNew] = found.try_emplace(frame.file, files.size());
+        if (isNew)
+            files.push_back({&frame.file, {}, {}});
+        return files[file->second];
+    };
+    for (std::size_t z = 0; z < volume.frames.size(); ++z) {
+        Contents& file = fileOf(volume.frames[z]);
+        file.frames.push_back(describe(volume, volume.frames[z]));
+        file.objects.push_back(objects[z]);
+    }
+    for (const document::Frame& frame : volume.left_out) {
+        Contents& file = fileOf(frame);
+        file.frames.push_back(describe(volume, frame));
+        file.frames.back().accessible = false;
+    }
+    return files;
 }
 
-void addFilesOf(const document::Volume& volume, Strato_2D* series, std::vector<File_Record*>& files)
+}
+
+void addFilesOf(
+    const document::Volume& volume, const std::vector<Strato_2D*>& objects, std::vector<File_Record*>& files)
 {
-    std::unordered_map<std::string, std::vector<int>> framesOf;
-    std::vector<const std::string*> paths; // in the order of the frames
-    for (int z = 0; z < static_cast<int>(volume.frames.size()); ++z) {
-        auto& frames = framesOf[volume.frames[static_cast<std::size_t>(z)].file];
-        if (frames.empty())
-            paths.push_back(&volume.frames[static_cast<std::size_t>(z)].file);
-        frames.push_back(z);
-    }
-    files.reserve(paths.size());
-    for (const std::string* path : paths) {
-        const std::vector<int>& frames = framesOf[*path];
-        std::vector<hostkit::Frame_Description> descriptions;
-        for (const int z : frames)
-            descriptions.push_back(describe(volume, volume.frames[static_cast<std::size_t>(z)]));
-        files.push_back(hostkit::File_Add(*path, descriptions));
-        for (std::size_t i = 0; i < frames.size(); ++i)
-            hostkit::Frame_Shows(series->Child_Get_Pt(frames[i]), files.back(), static_cast<unsigned short>(i));
+    const std::vector<Contents> contents = contentsOf(volume, objects);
+    files.reserve(contents.size());
+    for (const Contents& file : contents) {
+        files.push_back(hostkit::File_Add(*file.path, file.frames));
+        for (std::size_t i = 0; i < file.objects.size(); ++i)
+            hostkit::Frame_Shows(file.objects[i], files.back(), static_cast<unsigned short>(i));
     }
 }
 

@@ -91,7 +91,7 @@ void Files::adopt(document::OpenedImages& opened)
     const auto count = static_cast<int>(opened.images.size());
     QStringList notices;
     if (count > 1)
-        notices << tr("%1 series are open.").arg(count);
+        notices << tr("%1 series were opened.").arg(count);
     for (const document::Opened& image : opened.images)
         for (const std::string& notice : image.notices)
             notices << QString::fromStdString(count > 1 ? image.volume.series + ": " + notice : notice);
@@ -261,20 +261,28 @@ QString besideImage(const Session& session, const QString& ending)
     return QDir(folder).filePath(name + ending);
 }
 
+// Series of one folder may have the same name.
+template <class IsTaken>
+QString freeBesideImage(const Session& session, const QString& ending, const IsTaken& isTaken)
+{
+    QString path = besideImage(session, ending);
+    for (int number = 2; isTaken(path); ++number)
+        path = besideImage(session, QStringLiteral("-%1").arg(number) + ending);
+    return path;
 }
 
-// Series of one folder may have the same name.
+}
+
 QString usualLabelPath(const Session& session)
 {
-    QString path = besideImage(session, QStringLiteral("-labels.nii.gz"));
-    for (int number = 2; session.otherWithLabels(path); ++number)
-        path = besideImage(session, QStringLiteral("-%1-labels.nii.gz").arg(number));
-    return path;
+    return freeBesideImage(session, QStringLiteral("-labels.nii.gz"),
+        [&](const QString& path) { return session.otherWithLabels(path) != nullptr; });
 }
 
 QString usualMarkerPath(const Session& session)
 {
-    return besideImage(session, QStringLiteral("-markers.mrk.json"));
+    return freeBesideImage(session, QStringLiteral("-markers.mrk.json"),
+        [&](const QString& path) { return session.otherWithMarkers(path) != nullptr; });
 }
 
 QString usualHistogramPath(const Session& session)

@@ -60,7 +60,7 @@ public:
     void openMarkers(const QString& path);
     void saveMarkers() { saveMarkersAndThen({}); }
     void saveMarkersAs() { chooseMarkersTarget({}); }
-    /// @param then  called when they are saved
+    /// Refused when the file is an image's or has another series' markers. @param then  called when they are saved
     void saveMarkersTo(const QString& path, std::function<void()> then = {});
 
     /// Asks for a file and exports the histogram into it.

@@ -77,6 +77,10 @@ void Files::saveMarkersTo(const QString& path, std::function<void()> then)
         return tell(tr("\"%1\" is an open image itself; the markers would take its place. Choose another name.")
                         .arg(fileName(path)));
     }
+    if (const OpenSeries* other = session_.otherWithMarkers(path)) {
+        return tell(tr("\"%1\" holds the markers of \"%2\", which is open too. Choose another name.")
+                        .arg(fileName(path), Session::nameOf(other)));
+    }
     using Notices = document::Result<std::vector<std::string>>;
     session_.markers().endMoving();
     auto notices = std::make_shared<Notices>(std::vector<std::string>());

@@ -153,14 +153,16 @@ void HistogramSection::followImage()
     showResult();
 }
 
-// The tree may be selected in ways that have no entry here; then it is told as it is.
+// The tree may be selected in ways that have no entry here; then it is told how many slices the histogram is of, which
+// are those of the shown series.
 void HistogramSection::followSelection()
 {
     const FrameSelection& selection = session_.selection();
     const Choice choice = session_.hasImage() ? selection.choice() : Choice::all;
     const int entry = frames_->findData(static_cast<int>(choice));
     frames_->setCurrentIndex(entry);
-    frames_->setPlaceholderText(tr("%n slice(s)", nullptr, selection.count()));
+    const int slices = selection.countInSeries();
+    frames_->setPlaceholderText(slices == 1 ? tr("1 slice") : tr("%1 slices").arg(slices));
     for (QWidget* part : {static_cast<QWidget*>(first_), static_cast<QWidget*>(to_), static_cast<QWidget*>(last_)})
         part->setVisible(choice == Choice::range);
     if (choice != Choice::range)

@@ -56,6 +56,21 @@ constexpr Entry entries[] = {
         QT_TRANSLATE_NOOP("KeyHelp", "select slices; with Ctrl add or take away, with Shift up to there")},
     {QT_TRANSLATE_NOOP("KeyHelp", "Click on + or \u2212"), QT_TRANSLATE_NOOP("KeyHelp", "unfold or fold")},
     {QT_TRANSLATE_NOOP("KeyHelp", "Ctrl + W"), QT_TRANSLATE_NOOP("KeyHelp", "close the series that is shown")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Over its lists: F2"),
+        QT_TRANSLATE_NOOP("KeyHelp", "rename what was clicked last, instead of a marker")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Over its lists: Ctrl + Z   Ctrl + Y"),
+        QT_TRANSLATE_NOOP("KeyHelp", "undo, redo what was edited in it")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Edit database"), ""},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Shift + D"), QT_TRANSLATE_NOOP("KeyHelp", "open or close its window")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Drag the left handle"),
+        QT_TRANSLATE_NOOP("KeyHelp", "move a class to the right handle of another")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Drag the right handle"),
+        QT_TRANSLATE_NOOP("KeyHelp", "move all that is below it there")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Click on + or \u2212"), QT_TRANSLATE_NOOP("KeyHelp", "unfold or fold")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Delete"),
+        QT_TRANSLATE_NOOP("KeyHelp", "take out the class under the pointer; what is below takes its place")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "F2, right click"), QT_TRANSLATE_NOOP("KeyHelp", "rename it")},
+    {QT_TRANSLATE_NOOP("KeyHelp", "Ctrl + Z   Ctrl + Y"), QT_TRANSLATE_NOOP("KeyHelp", "undo, redo")},
     {QT_TRANSLATE_NOOP("KeyHelp", "Tools"), ""},
     {QT_TRANSLATE_NOOP("KeyHelp", "Left click on a tag or marker"),
         QT_TRANSLATE_NOOP("KeyHelp", "make it the current one; of a marker, go to its slice")},
@@ -83,14 +98,19 @@ void showKeyHelp(QWidget* parent)
     grid->setHorizontalSpacing(3 * theme::spacing);
     grid->setVerticalSpacing(theme::smallSpacing);
     grid->setContentsMargins(2 * theme::spacing, 2 * theme::spacing, 2 * theme::spacing, 2 * theme::spacing);
-    int row = 0;
+    constexpr int halfway = 24; // rows, after which the next heading begins the columns at the right
+    int row = 0, column = 0;
     for (const Entry& entry : entries) {
         const bool heading = *entry.meaning == '\0';
-        if (heading && row > 0)
-            grid->setRowMinimumHeight(row++, theme::spacing);
-        grid->addWidget(label(entry.keys, heading ? "title" : ""), row, 0);
+        if (heading && row > halfway) {
+            row = 0;
+            column += 2;
+        } else if (heading && row > 0) {
+            ++row;
+        }
+        grid->addWidget(label(entry.keys, heading ? "title" : ""), row, column);
         if (!heading)
-            grid->addWidget(label(entry.meaning, "quiet"), row, 1);
+            grid->addWidget(label(entry.meaning, "quiet"), row, column + 1);
         ++row;
     }
     dialog->setSizeGripEnabled(false);

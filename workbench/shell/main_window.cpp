@@ -40,7 +40,7 @@ MainWindow::MainWindow(Session& session)
     theme::setInterfaceSize(theme::interfaceSizes[0]);
     panels_ = std::make_unique<ToolPanels>(session, *column_, files_.worker());
     column_->addSection(tr("Overlay"), opacity_);
-    menus_ = std::make_unique<Menus>(*this, session, files_, *view_);
+    menus_ = std::make_unique<Menus>(*this, session, files_, *view_, *database_);
     connect(menus_.get(), &Menus::interfaceSizeChosen, this, &MainWindow::setInterfaceSize);
     connect(menus_.get(), &Menus::tagEditChosen, this, &MainWindow::editTag);
     connect(menus_.get(), &Menus::propagateChosen, &panels_->propagation(), &PropagateSection::propagate);
@@ -110,7 +110,6 @@ void MainWindow::connectSession()
 
 void MainWindow::connectDatabase()
 {
-    menus_->addToView(database_->toggleAction());
     connect(database_, &DatabaseDock::rowsLeftOut, this, [this](int count) {
         files_.tell(
             tr("The database cannot list everything that is open: %1 rows are left out. Close series to see them.")
@@ -121,21 +120,20 @@ void MainWindow::connectDatabase()
 
 // ------------------------------------------------------------------------------------------------- showing the state
 
+// The star stands behind what is not saved; where that is of another series, behind the program.
 void MainWindow::showTitle()
 {
-    const QString program = QStringLiteral("Vetra");
-    QStringList parts;
-    if (session_.hasImage()) {
-        const QString path = session_.labelPath();
-        parts << session_.imageName();
-        if (!path.isEmpty() || session_.isImageWorkModified() || session_.isTableModified())
-            parts << (path.isEmpty() ? unsavedWork() : QFileInfo(path).fileName()) + QStringLiteral("[*]");
-        else if (session_.isModified()) // another series
-            parts.back() += QStringLiteral("[*]");
-    } else if (session_.isModified()) {
-        parts << tr("tags") + QStringLiteral("[*]");
-    }
-    parts << program;
+    const bool isOfThis = session_.isImageWorkModified() || session_.isTableModified();
+    const QString path = session_.labelPath();
+    QString program = QStringLiteral("Vetra"), work;
+    if (!path.isEmpty())
+        work = QFileInfo(path).fileName();
+    else if (isOfThis)
+        work = session_.hasImage() ? unsavedWork() : tr("tags");
+    if (session_.isModified())
+        (isOfThis ? work : program) += QStringLiteral("[*]");
+    QStringList parts{session_.hasImage() ? session_.imageName() : QString(), work, program};
+    parts.removeAll(QString());
     setWindowTitle(parts.join(QStringLiteral(" \u2014 ")));
     setWindowModified(session_.isModified());
 }

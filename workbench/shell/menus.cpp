@@ -1,6 +1,7 @@
 #include "workbench/shell/menus.h"
 
 #include "workbench/model/session.h"
+#include "workbench/shell/database_menu.h"
 #include "workbench/shell/files.h"
 #include "workbench/shell/key_help.h"
 #include "workbench/shell/marker_menu.h"
@@ -13,13 +14,14 @@
 
 namespace workbench {
 
-Menus::Menus(QMainWindow& window, Session& session, Files& files, ImageView& view)
+Menus::Menus(QMainWindow& window, Session& session, Files& files, ImageView& view, DatabaseDock& database)
     : window_(window), session_(session), files_(files), view_(view)
 {
     addFileMenu();
     addEditMenu();
     addTagMenu();
     new MarkerMenu(window, session, files, view, this);
+    new DatabaseMenu(window, session, database, this);
     addViewMenu();
     addHelpMenu();
     for (const auto signal : {&Session::imageChanged, &Session::tagsChanged})
@@ -94,7 +96,6 @@ void Menus::addViewMenu()
 {
     constexpr double opacityStep = 0.1;
     QMenu& menu = *window_.menuBar()->addMenu(tr("&View"));
-    viewMenu_ = &menu;
     needImage_ << add(menu, tr("Zoom &in"), QKeySequence::ZoomIn, [this] { view_.zoomIn(); });
     needImage_ << add(menu, tr("Zoom &out"), QKeySequence::ZoomOut, [this] { view_.zoomOut(); });
     needImage_ << add(menu, tr("&Fit into the window"), tr("0"), [this] { view_.fit(); });
@@ -109,11 +110,6 @@ void Menus::addViewMenu()
         [this] { session_.setOverlayOpacity(session_.overlayOpacity() - opacityStep); });
     menu.addSeparator();
     addSizeMenu(menu);
-}
-
-void Menus::addToView(QAction* action)
-{
-    viewMenu_->addAction(action);
 }
 
 void Menus::addSizeMenu(QMenu& view)

@@ -8,6 +8,7 @@ class QMainWindow;
 
 namespace workbench {
 
+class DatabaseDock;
 class Files;
 class ImageView;
 class Session;
@@ -16,10 +17,7 @@ class Session;
 class Menus final : public QObject {
     Q_OBJECT
 public:
-    Menus(QMainWindow& window, Session& session, Files& files, ImageView& view);
-
-    /// Puts an entry at the end of the View menu.
-    void addToView(QAction* action);
+    Menus(QMainWindow& window, Session& session, Files& files, ImageView& view, DatabaseDock& database);
 
 signals:
     void interfaceSizeChosen(int percent);
@@ -46,7 +44,6 @@ private:
     Session& session_;
     Files& files_;
     ImageView& view_;
-    QMenu* viewMenu_ = nullptr;
     QAction* edit_ = nullptr;
     QAction* lock_ = nullptr;
     QList<QAction*> needImage_;

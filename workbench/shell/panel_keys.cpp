@@ -52,8 +52,9 @@ int panelKeyCode(const QKeyEvent& event)
     return characters.isEmpty() ? 0 : Parse_Keyboard(nullptr, WM_CHAR, characters.front(), 0);
 }
 
-PanelKeys::PanelKeys(std::vector<hostkit::Panel_Window*> panels, QObject* parent)
-    : QObject(parent), panels_(std::move(panels))
+PanelKeys::PanelKeys(
+    std::vector<hostkit::Panel_Window*> panels, std::function<bool(const QKeyEvent&)> first, QObject* parent)
+    : QObject(parent), panels_(std::move(panels)), first_(std::move(first))
 {
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -77,7 +78,11 @@ bool PanelKeys::eventFilter(QObject* watched, QEvent* event)
 bool PanelKeys::offer(const QKeyEvent& event)
 {
     hostkit::Panel_Window* panel = panelUnderPointer();
-    const int code = panel ? panelKeyCode(event) : 0;
+    if (!panel)
+        return false;
+    if (first_ && first_(event))
+        return true;
+    const int code = panelKeyCode(event);
     return code != 0 && panel->Keyboard(code);
 }
 

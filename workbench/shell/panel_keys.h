@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <vector>
 
 class QKeyEvent;
@@ -17,7 +18,9 @@ namespace workbench {
 /// shortcuts, then to the widget with the focus.
 class PanelKeys final : public QObject {
 public:
-    explicit PanelKeys(std::vector<hostkit::Panel_Window*> panels, QObject* parent = nullptr);
+    /// @param first  asked before the panel, when there is one under the pointer; returns whether it took the key
+    explicit PanelKeys(std::vector<hostkit::Panel_Window*> panels, std::function<bool(const QKeyEvent&)> first = {},
+        QObject* parent = nullptr);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -27,6 +30,7 @@ private:
     hostkit::Panel_Window* panelUnderPointer() const;
 
     std::vector<hostkit::Panel_Window*> panels_;
+    std::function<bool(const QKeyEvent&)> first_;
     int usedKey_ = 0; // taken while shortcuts were asked: its key press is still to come
 };
 

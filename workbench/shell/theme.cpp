@@ -96,6 +96,11 @@ QString styleSheet(double pointSize)
         QPushButton { background: %2; border: 1px solid %3; border-radius: 3px; padding: 4px 12px; }
         QPushButton:hover { background: #343a41; }
         QPushButton:default { border-color: %5; }
+        QToolButton { color: %7; border: 1px solid transparent; border-radius: 3px; padding: 2px 8px; }
+        QFileDialog QToolButton { padding: 2px; }
+        QToolButton:hover { background: %2; }
+        QToolButton:checked { background: %2; border-color: %3; color: %6; }
+        QToolButton:disabled { color: #62696f; }
         QLabel[role="title"] { color: %7; font-weight: bold; }
         QLabel[role="quiet"] { color: %7; }
         QLabel[role="problem"] { color: %9; }

@@ -36,6 +36,13 @@ constexpr Step steps[] = {
     {"peaks", &TourSteps::fitPeaks},
     {"export", &TourSteps::exportHistogram},
     {"graph", &TourSteps::openGraph},
+    {"studies", &TourSteps::openStudies},
+    {"volume", &TourSteps::chooseVolume},
+    {"signals", &TourSteps::chooseSignals},
+    {"edit", &TourSteps::editDatabase},
+    {"move", &TourSteps::moveSlice},
+    {"delete", &TourSteps::deleteSeries},
+    {"update", &TourSteps::updateDatabase},
 };
 
 void play(const Step& step, int number, TourSteps& tour, const QDir& folder)

@@ -1,5 +1,6 @@
 #include "histo/tool_histo_blow.h"
 #include "platform/qt/window_widget.h"
+#include "workbench/shell/database_dock.h"
 #include "workbench/shell/main_window.h"
 #include "workbench/shell/tool_panels.h"
 #include "workbench/tour/tour_steps.h"
@@ -32,8 +33,10 @@ const QPushButton& button(HistogramSection& section, const char* name)
 
 QImage TourSteps::picture() const
 {
-    const HWND graph = Histo_Graph_Window();
-    return graph ? Window_Picture(graph) : driver_.picture();
+    if (const HWND graph = Histo_Graph_Window())
+        return Window_Picture(graph);
+    DatabaseEditor* const editor = window_.database().editor();
+    return editor ? Driver(*editor).picture() : driver_.picture();
 }
 
 QString TourSteps::fitPeaks()
@@ -46,7 +49,7 @@ QString TourSteps::fitPeaks()
     const Histo_Peaks* found = section.histogram().panel().Peaks();
     if (!found)
         throw StepFailed(QStringLiteral("no peaks were sought"));
-    return QStringLiteral("%1 peaks in %2 slices").arg(found->nb).arg(session_.selection().count());
+    return QStringLiteral("%1 peaks in %2 slices").arg(found->nb).arg(session_.selection().countInSeries());
 }
 
 QString TourSteps::exportHistogram()

@@ -10,6 +10,7 @@
 
 namespace workbench {
 
+class DatabaseEditor;
 class MainWindow;
 class Session;
 
@@ -44,6 +45,13 @@ public:
     QString fitPeaks();
     QString exportHistogram(); ///< beside the label map
     QString openGraph();
+    QString openStudies();   ///< of real DICOM files, where Debian's python3-pydicom has some
+    QString chooseVolume();  ///< in the tree of volumes
+    QString chooseSignals(); ///< all of a study
+    QString editDatabase();  ///< opens the window for it
+    QString moveSlice();     ///< to another series, when there is one
+    QString deleteSeries();
+    QString updateDatabase(); ///< as it was
 
     /// What the last step left on the screen.
     QImage picture() const;
@@ -61,6 +69,7 @@ private:
     void clickTag(unsigned tag);
     void chooseAdapting();
     void writeIntoDialog(const QString& path);
+    DatabaseEditor& editor() const;
 
     Session& session_;
     MainWindow& window_;

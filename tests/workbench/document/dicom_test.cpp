@@ -237,6 +237,10 @@ TEST(Dicom, UnevenSpacingAndRepeatedPlacesAreTold)
     ASSERT_TRUE(opened) << message_of(opened);
     EXPECT_EQ(first_values(opened->volume), (std::vector<double>{0, 10, 20}));
     EXPECT_TRUE(mentions(opened->notices, "6 frames at 3 places"));
+    ASSERT_EQ(opened->volume.left_out.size(), 3u);
+    EXPECT_EQ(opened->volume.left_out[1].instance, 201);
+    EXPECT_EQ(opened->volume.left_out[1].position, 1);
+    EXPECT_EQ(Path(opened->volume.left_out[1].file).filename(), "later1");
 }
 
 TEST(Dicom, CompressedPixelsOpen)
@@ -310,6 +314,22 @@ TEST(OpenAll, FilesOfSeveralSeriesAreSortedIntoThem)
     ASSERT_EQ(opened->images.size(), 2u);
     EXPECT_EQ(opened->images[0].volume.frame_count() + opened->images[1].volume.frame_count(), 3);
     EXPECT_EQ(opened->unreadable.size(), 1u);
+}
+
+TEST(OpenAll, AFileThatIsNamedTwiceIsOpenedOnce)
+{
+    const Folder folder;
+    write_series(folder, {}, {0, 1, 2}, "a");
+    std::filesystem::create_symlink(folder.path(), folder / "same");
+    const auto opened = document::open_all({folder.path(), folder / "a1", folder / "same" / "a0", folder.path()});
+    ASSERT_TRUE(opened) << opened.failure().message;
+    ASSERT_EQ(opened->images.size(), 1u);
+    EXPECT_EQ(opened->images[0].volume.frame_count(), 3);
+    EXPECT_TRUE(opened->images[0].notices.empty());
+    const auto one = document::open_all({folder / "a1", folder / "a1"});
+    ASSERT_TRUE(one) << one.failure().message;
+    EXPECT_EQ(one->images.size(), 1u);
+    EXPECT_EQ(one->images[0].volume.frame_count(), 3) << "its series, as of one file";
 }
 
 TEST(OpenAll, FailsWhenThereIsNothingToShow)

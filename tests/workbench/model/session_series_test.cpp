@@ -260,4 +260,20 @@ TEST_F(SessionSeries, FilesHaveARecordForEachFrame)
     EXPECT_EQ(series_in_tree(1)->Child_Get_Pt(4)->Frame_Record_Get(), file(2)->frames[4]);
 }
 
+TEST_F(SessionSeries, FramesThatWereLeftOutAreNotAccessibleInTheirFiles)
+{
+    auto axial = slice_of("1.2", "Axial", 3);
+    axial.volume.left_out = {{0, 3, "/images/Axial/later"}, {1, 4, "/images/Axial/b"}};
+    EXPECT_FALSE(session.adoptImage(std::move(axial)));
+    ASSERT_EQ(files(), 3);
+    EXPECT_STREQ(file(2)->path, "/images/Axial/later");
+    EXPECT_EQ(file(2)->frame_flags[0], 64);
+    EXPECT_EQ(file(2)->frames[0]->modality, 0x4D52);
+    ASSERT_EQ(file(1)->nb_frames, 2);
+    EXPECT_EQ(file(1)->frame_flags[0], 0);
+    EXPECT_EQ(file(1)->frame_flags[1], 64);
+    EXPECT_EQ(series_in_tree(0)->Child_Get_Nb(), 2) << "they are no images of the series";
+    EXPECT_EQ(series_in_tree(0)->Child_Get_Pt(1)->Frame_Record_Get(), file(1)->frames[0]);
+}
+
 }

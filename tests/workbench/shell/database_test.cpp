@@ -1,80 +1,11 @@
-#include "tests/workbench/document/fixtures.h"
-#include "tests/workbench/shell/shell_test.h"
-#include "workbench/shell/database_dock.h"
+#include "tests/workbench/shell/database_fixture.h"
 #include "workbench/tour/database_rows.h"
 
 #include <QAction>
-
-#include <cmath>
+#include <QTest>
 
 using namespace workbench;
-
-namespace {
-
-constexpr int studyLevel = 1, seriesLevel = 2, frameLevel = 3;
-
-// Slices with a round shape that is larger further up.
-void writeSeries(const document_test::Folder& folder, const std::string& study, const std::string& name, int number,
-    const std::string& modality, int slices)
-{
-    constexpr int side = 64;
-    for (int z = 0; z < slices; ++z) {
-        document_test::Dicom dicom;
-        dicom.rows = dicom.columns = side;
-        dicom.series_uid = study + "." + std::to_string(number);
-        dicom.series = name;
-        dicom.modality = modality;
-        dicom.instance = z + 1;
-        dicom.position = {0, 0, 2.5 * z};
-        dicom.more[0x0020000D] = {"UI", study};
-        dicom.more[0x00081030] = {"LO", study == "1.2" ? "Head" : "Abdomen"};
-        dicom.more[0x00080020] = {"DA", "20240531"};
-        dicom.more[0x00200011] = {"IS", std::to_string(number)};
-        if (name == "Scout")
-            dicom.more[0x00080008] = {"CS", "ORIGINAL\\PRIMARY\\LOCALIZER"};
-        std::vector<std::uint16_t> pixels;
-        for (int i = 0; i < side * side; ++i) {
-            const double away = std::hypot(i % side - 32.0, i / side - 32.0);
-            pixels.push_back(static_cast<std::uint16_t>(away < 12 + 2 * z ? 600 + 10 * number + i % 7 : 20 + i % 5));
-        }
-        dicom.pixels = document_test::as_bytes(pixels);
-        document_test::write_dicom(folder / (name + std::to_string(z) + ".dcm"), dicom);
-    }
-}
-
-class Database : public test::Shell {
-protected:
-    // Two studies with three series of 1, 6 and 4 slices.
-    void browse()
-    {
-        window.resize(1280, 860);
-        writeSeries(folder, "1.2", "Scout", 1, "MR", 1);
-        writeSeries(folder, "1.2", "Axial T1", 2, "MR", 6);
-        writeSeries(folder, "1.3", "Liver", 1, "CT", 4);
-        open(QString::fromStdString(folder.path().string()));
-        ASSERT_EQ(message(), "");
-        ASSERT_EQ(session.series().size(), 3u);
-        ASSERT_TRUE(dock.isVisible());
-    }
-
-    int row(int level, int behind = -1) { return rowOfLevel(list, level, behind); }
-    void click(int at) { driver.click(dock.classWidget(), rowPlace(list, dock.classWidget(), at)); }
-
-    // "1020": 2 for the selected, 1 for those in part.
-    std::string selected(const Tool_DB_List& of) const
-    {
-        std::string text;
-        for (int i = 0; i < of.nb; ++i)
-            text += static_cast<char>('0' + (of.list_pt[i].select & 3));
-        return text;
-    }
-
-    document_test::Folder folder;
-    DatabaseDock& dock = window.database();
-    const Tool_DB_Class& list = dock.classes();
-};
-
-}
+using namespace test;
 
 TEST_F(Database, ListsAFolderAsStudiesSeriesAndSlices)
 {
@@ -147,6 +78,66 @@ TEST_F(Database, SelectNoneShowsNothingUntilTheWheelIsTurned)
     driver.click(dock.fileWidget(), buttonPlace(dock.files().select_all, dock.fileWidget()));
     EXPECT_EQ(session.selection().count(), 11);
     EXPECT_TRUE(session.showsFrame());
+}
+
+TEST_F(Database, ListsVolumesAndSignalsAsWell)
+{
+    browse();
+    choose(3);
+    const Tool_DB_Class& volumes = dock.trees().panel();
+    ASSERT_EQ(volumes.nb, 1 + 2 + 3);
+    EXPECT_EQ(selected(volumes), "110200");
+    test::keepPicture(window, "workbench-database-volumes");
+    click(5);
+    EXPECT_EQ(selected(volumes), "100022");
+    EXPECT_EQ(session.frameCount(), 4);
+    EXPECT_EQ(session.selection().choice(), FrameSelection::Choice::all);
+    choose(1);
+    const Tool_DB_Class& histograms = dock.trees().panel();
+    ASSERT_EQ(histograms.nb, 1 + 2 + 2 * 3);
+    EXPECT_EQ(selected(histograms), "100000222");
+    click(3);
+    EXPECT_EQ(session.frameCount(), 1) << "the scout";
+    EXPECT_EQ(selected(volumes), "112000");
+    test::keepPicture(window, "workbench-database-signals");
+    choose(2);
+    EXPECT_EQ(selected(list).substr(0, 5), "11220");
+    session.selection().chooseRange(0, 0);
+    click(row(seriesLevel, row(seriesLevel)));
+    EXPECT_EQ(selected(volumes), "110200") << "a list that is not seen follows, too";
+}
+
+TEST_F(Database, SelectNoneOfTheVolumesShowsNothing)
+{
+    browse();
+    choose(3);
+    driver.click(dock.classWidget(), buttonPlace(dock.trees().panel().select_none, dock.classWidget()));
+    EXPECT_EQ(session.selection().count(), 0);
+    EXPECT_FALSE(session.showsFrame());
+    driver.click(dock.classWidget(), buttonPlace(dock.trees().panel().select_all, dock.classWidget()));
+    EXPECT_EQ(session.selection().count(), 11);
+    EXPECT_TRUE(session.showsFrame());
+}
+
+TEST_F(Database, ADragGoesOnScrollingWhileThePointerRestsBeyondTheRows)
+{
+    browse();
+    window.resize(1280, 300);
+    Driver::settle();
+    QWindow* const screen = window.windowHandle();
+    const QWidget& panel = dock.classWidget();
+    const auto at = [&](int y) { return panel.mapTo(&window, QPoint(150, y)); };
+    const Sliders& scrolled = list.vertical;
+    for (const int y : {panel.height() - 2, panel.height() + 20}) {
+        const float before = scrolled.value;
+        QTest::mousePress(screen, Qt::LeftButton, {}, at(40));
+        QTest::mouseEvent(QTest::MouseMove, screen, Qt::LeftButton, {}, at(y));
+        EXPECT_TRUE(Driver::waitFor([&] { return scrolled.value >= before + 15; })) << y;
+        QTest::mouseRelease(screen, Qt::LeftButton, {}, at(y));
+        const float after = scrolled.value;
+        QTest::qWait(100);
+        EXPECT_EQ(scrolled.value, after) << "it is over";
+    }
 }
 
 TEST_F(Database, AClosedSeriesIsNoLongerListed)

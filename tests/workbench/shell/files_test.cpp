@@ -95,8 +95,31 @@ TEST_F(FilesOf, TheTitleTellsTheImageAndWhatIsUnsaved)
 
     window.files().saveTo(path("mine.nii.gz"));
     waitUntilIdle();
-    EXPECT_EQ(window.windowTitle(), QString("first.nii \u2014 mine.nii.gz[*] \u2014 Vetra"));
+    EXPECT_EQ(window.windowTitle(), QString("first.nii \u2014 mine.nii.gz \u2014 Vetra"));
     EXPECT_FALSE(window.isWindowModified());
+    driver.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window.windowTitle(), QString("first.nii \u2014 mine.nii.gz[*] \u2014 Vetra"));
+}
+
+TEST_F(FilesOf, TheTitleMarksTheProgramWhereAnotherSeriesIsUnsaved)
+{
+    open(imageFile("first.nii"));
+    paint();
+    open(imageFile("second.nii"));
+    EXPECT_EQ(window.windowTitle(), QString("second.nii \u2014 Vetra[*]"));
+    EXPECT_TRUE(window.isWindowModified());
+    paint();
+    EXPECT_EQ(window.windowTitle(), QString("second.nii \u2014 labels[*] \u2014 Vetra"));
+}
+
+TEST_F(FilesOf, SeveralThatAreOpenedTogetherAreCounted)
+{
+    open(imageFile("first.nii"));
+    window.files().open({imageFile("second.nii"), imageFile("third.nii")});
+    waitUntilIdle();
+    EXPECT_EQ(session.series().size(), 3u);
+    EXPECT_TRUE(window.statusLine().message().startsWith("2 series were opened."))
+        << window.statusLine().message().toStdString();
 }
 
 TEST_F(FilesOf, SavedLabelsCanBeOpenedAgain)

@@ -179,6 +179,23 @@ TEST_F(Histogram, ASelectionMadeElsewhereIsTold)
     EXPECT_NE(shown(), before);
 }
 
+TEST_F(Histogram, TellsHowManySlicesOfTheShownSeriesItIsOf)
+{
+    open(imageFile("first.nii", {40, 30, 3}));
+    open(imageFile("second.nii", {40, 30, 5}));
+    const Strato_2D* const study = hostkit::Object_Variable<Strato_2D>("$DB_2D_ROOT_PT")->Child_Get_Pt(0);
+    for (int series = 0; series < 2; ++series)
+        for (int z = 0; z < 2; ++z)
+            study->Child_Get_Pt(series)->Child_Get_Pt(z)->Flag_Set_On(80, reinterpret_cast<void*>(4), 512);
+    for (int z = 2; z < 5; ++z)
+        study->Child_Get_Pt(1)->Child_Get_Pt(z)->Flag_Set_Off(16, reinterpret_cast<void*>(4), 512);
+    Fct_Update(0x102, nullptr, nullptr, nullptr);
+    Driver::settle();
+    EXPECT_EQ(session.selection().count(), 4);
+    EXPECT_EQ(frames().placeholderText(), "2 slices");
+    EXPECT_EQ(pixelsCounted(), 2u * 40 * 30);
+}
+
 TEST_F(Histogram, ComponentsAreForColours)
 {
     showColours();

@@ -1,5 +1,7 @@
 #include "tests/workbench/shell/shell_test.h"
 
+#include <QDialog>
+
 using namespace workbench;
 
 namespace {
@@ -131,4 +133,16 @@ TEST_F(Keys, OneKeyIsOneStep)
     EXPECT_EQ(session.frame(), 3);
     driver.key(Qt::Key_Down);
     EXPECT_EQ(std::abs(session.frame() - 3), 1);
+}
+
+TEST_F(Keys, AreAllToldInADialogThatFitsOnASmallScreen)
+{
+    driver.key(Qt::Key_F1);
+    QDialog* help = nullptr;
+    for (QDialog* dialog : window.findChildren<QDialog*>())
+        help = dialog;
+    ASSERT_TRUE(help);
+    EXPECT_LE(help->height(), 700);
+    EXPECT_LE(help->width(), 1280);
+    test::keepPicture(*help, "workbench-key-help");
 }

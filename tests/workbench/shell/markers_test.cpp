@@ -348,6 +348,24 @@ TEST_F(MarkersOf, DoNotTakeThePlaceOfTheImage)
     EXPECT_TRUE(markers.isModified());
 }
 
+TEST_F(MarkersOf, OfTwoSeriesAreNeverInOneFile)
+{
+    openAndSet();
+    save("mine.mrk.json");
+    open(imageFile("second.nii"));
+    window.files().openMarkers(path("mine.mrk.json"));
+    waitUntilIdle();
+    EXPECT_TRUE(markers.isSet(0) && markers.isSet(1));
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(markers.path(), "") << "the file stays the first one's";
+    markers.remove(0);
+    save("mine.mrk.json");
+    EXPECT_TRUE(message().contains("holds the markers of \"first.nii\"")) << message().toStdString();
+    answer(QMessageBox::Ok);
+    EXPECT_TRUE(window.isWindowModified());
+    EXPECT_EQ(bytes("mine.mrk.json").count("positionStatus"), 2);
+}
+
 TEST_F(MarkersOf, ClosingAsksForUnsavedOnes)
 {
     openAndSet();

@@ -54,13 +54,13 @@ TEST_F(Tour, LeavesPicturesAndLabelsAndEndsWell)
 
     const QStringList lines = tour.output.split('\n', Qt::SkipEmptyParts);
     const QStringList pictures = QDir(out).entryList({"*.png"}, QDir::Files, QDir::Name);
-    ASSERT_EQ(lines.size(), 18) << tour.output.toStdString();
-    ASSERT_EQ(pictures.size(), 18);
+    ASSERT_EQ(lines.size(), 25) << tour.output.toStdString();
+    ASSERT_EQ(pictures.size(), 25);
     EXPECT_EQ(lines.front(), "01 open: image.nii, 60 x 50 x 7");
     EXPECT_EQ(pictures.front(), "01-open.png");
     for (const QString& picture : pictures)
         EXPECT_GE(QImage(QDir(out).filePath(picture)).width(), 800) << picture.toStdString();
-    EXPECT_EQ(pictures.back(), "18-graph.png");
+    EXPECT_EQ(pictures.back(), "25-update.png");
     EXPECT_GT(QFileInfo(QDir(out).filePath("histogram.csv")).size(), 1000);
 
     const auto labels = document::load_labels(
