@@ -39,31 +39,63 @@ public:
     {
     }
 
-    void undo() override { edits_.put(change_, TreeObjects::Side::before); }
+    const TreeChange& change() const { return change_; }
+
+    void undo() override { put(TreeObjects::Side::before); }
 
     void redo() override
     {
         if (!std::exchange(isDone_, false))
-            edits_.put(change_, TreeObjects::Side::after);
+            put(TreeObjects::Side::after);
     }
 
 private:
     DatabaseEdits& edits_;
     TreeChange change_;
     bool isDone_; // before it became a step
+
+    void put(TreeObjects::Side side)
+    {
+        setObsolete(!edits_.objects_.concerns(change_));
+        edits_.put(change_, side);
+    }
 };
 
 DatabaseEdits::DatabaseEdits(TreeObjects& objects) : objects_(objects)
 {
     constexpr int mostSteps = 200; // of large trees they are large
     steps_.setUndoLimit(mostSteps);
-    accept();
+    know();
+    connect(&steps_, &QUndoStack::indexChanged, this, &DatabaseEdits::dropEmptySteps);
     updates_ = hostkit::On_Update([this](unsigned long long flags) { hostChanged(flags); });
 }
 
-void DatabaseEdits::accept()
+void DatabaseEdits::know()
 {
     known_ = objects_.state();
+}
+
+void DatabaseEdits::followSeries()
+{
+    know();
+    dropEmptySteps();
+}
+
+// Of what is no longer open nothing can be taken back. Such a step says so itself when its turn comes, and goes.
+void DatabaseEdits::dropEmptySteps()
+{
+    const auto isEmpty = [this](int index) {
+        return !objects_.concerns(static_cast<const DatabaseStep*>(steps_.command(index))->change());
+    };
+    while (steps_.canUndo() && isEmpty(steps_.index() - 1))
+        steps_.undo();
+    bool dropped = false;
+    for (; steps_.canRedo() && isEmpty(steps_.index()); dropped = true)
+        steps_.redo();
+    if (!dropped)
+        return;
+    emit steps_.canRedoChanged(steps_.canRedo()); // of steps that go so the stack does not tell
+    emit steps_.redoTextChanged(steps_.redoText());
 }
 
 void DatabaseEdits::hostChanged(unsigned long long flags)
@@ -89,7 +121,7 @@ void DatabaseEdits::push(const QString& text, const TreeChange& change, bool isD
     const QString what = text.isEmpty() ? textOf(change) : text;
     auto step = std::make_unique<DatabaseStep>(*this, what, change, isDone);
     if (isDone) {
-        accept();
+        know();
         tellOfSelection(change);
     }
     steps_.push(step.release());
@@ -99,7 +131,7 @@ void DatabaseEdits::put(const TreeChange& change, TreeObjects::Side side)
 {
     withMemory([&] {
         objects_.put(change, side);
-        accept();
+        know();
         tell(change);
     });
 }

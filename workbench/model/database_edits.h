@@ -30,8 +30,9 @@ public:
     /// Brings the trees back to what the files say, as one step. @return false when that is what they are
     bool updateDatabase();
 
-    /// What is in the trees now came or went with series, not by a user.
-    void accept();
+    /// Series were opened or closed: what is in the trees now came or went with them, not by a user. Steps of which
+    /// nothing is left are dropped when they would be the next ones.
+    void followSeries();
 
 signals:
     void message(const QString& text); ///< for the status bar
@@ -39,6 +40,8 @@ signals:
 private:
     friend class DatabaseStep;
 
+    void know();
+    void dropEmptySteps();
     void hostChanged(unsigned long long flags);
     void withMemory(const std::function<void()>& work);
     void push(const QString& text, const TreeChange& change, bool isDone);

@@ -94,7 +94,7 @@ std::vector<document::Failure> Session::adoptImages(std::vector<document::Opened
 
 void Session::tellOfSeries()
 {
-    databaseEdits_.accept();
+    databaseEdits_.followSeries();
     tree_.tellOfChange();
 }
 

@@ -1,5 +1,6 @@
 #include "workbench/model/tree_objects.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace workbench {
@@ -232,6 +233,17 @@ void TreeObjects::put(const TreeChange& change, Side side)
     for (const TreeChange::Renaming& renaming : change.renamings)
         if (Strato* const renamed = object(renaming.object))
             renamed->Name_Set((side == Side::before ? renaming.before : renaming.after).c_str());
+}
+
+bool TreeObjects::concerns(const TreeChange& change) const
+{
+    const auto remaining = [this](std::vector<ObjectNumber> objects) {
+        std::erase_if(objects, [this](ObjectNumber number) { return !object(number); });
+        return objects;
+    };
+    return std::ranges::any_of(change.renamings, [&](const auto& one) { return object(one.object) != nullptr; }) ||
+           std::ranges::any_of(
+               change.arrangements, [&](const auto& one) { return remaining(one.before) != remaining(one.after); });
 }
 
 template Strato_1D* TreeObjects::root();

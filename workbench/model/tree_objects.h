@@ -54,6 +54,9 @@ public:
     enum class Side { before, after };
     void put(const TreeChange& change, Side side);
 
+    /// Whether its sides differ in objects that are still there.
+    bool concerns(const TreeChange& change) const;
+
 private:
     struct Entry {
         Object object;

@@ -2,6 +2,8 @@
 #include "tests/workbench/session_fixture.h"
 #include "workbench/model/host_words.h"
 
+#include <memory>
+#include <QAction>
 #include <random>
 #include <set>
 
@@ -223,6 +225,36 @@ TEST_F(DatabaseEdits, StepsOutliveSeriesThatAreClosedOrOpened)
     while (steps().canUndo())
         steps().undo();
     EXPECT_EQ(tree(), "Images");
+}
+
+TEST_F(DatabaseEdits, StepsOfWhichNothingIsLeftAreNone)
+{
+    open_two();
+    session.databaseEdits().rename(first, "Renamed");
+    session.databaseEdits().rename(second, "Other name");
+    move(second->Child_Get_Pt(0), second);
+    session.databaseEdits().rename(frames[0], "One");
+    move(second->Child_Get_Pt(0), second);
+    steps().undo();
+    EXPECT_EQ(steps().count(), 5);
+    const std::unique_ptr<QAction> redo(steps().createRedoAction(nullptr));
+    EXPECT_TRUE(redo->isEnabled());
+    session.showSeries(session.series()[1]);
+    session.closeSeries();
+    EXPECT_EQ(steps().undoText(), "Rename Frame 1, 0 mm");
+    EXPECT_FALSE(steps().canRedo());
+    EXPECT_FALSE(redo->isEnabled());
+    steps().undo();
+    EXPECT_EQ(steps().undoText(), "Rename Series Made") << "those between have gone";
+    steps().undo();
+    EXPECT_FALSE(steps().canUndo());
+    EXPECT_STREQ(first->Name_Get(), "Made");
+    steps().redo();
+    steps().redo();
+    EXPECT_EQ(steps().count(), 2);
+    EXPECT_STREQ(frames[0]->Name_Get(), "One");
+    session.closeSeries();
+    EXPECT_EQ(steps().count(), 0);
 }
 
 TEST_F(DatabaseEdits, WhatWasOpenedSinceStaysWhenAStudyIsTakenOutAgain)
