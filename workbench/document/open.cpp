@@ -101,12 +101,6 @@ Result<Opened> open_series_of(const Path& file, const Paths& files, const Progre
     return open_stack(stacks, index, part_of(progress, 0.2, 1));
 }
 
-bool is_image(const Path& path)
-{
-    const auto file = InputFile::open(path);
-    return file && format_of(*file) != Format::unknown;
-}
-
 Result<Opened> open_first(const Paths& paths, const Progress& progress)
 {
     auto opened = completed(read_file(paths[0], progress), paths[0]);
@@ -182,6 +176,12 @@ bool is_dicom(const Path& path)
 {
     const auto file = InputFile::open(path);
     return file && format_of(*file) == Format::dicom;
+}
+
+bool is_image(const Path& path)
+{
+    const auto file = InputFile::open(path);
+    return file && format_of(*file) != Format::unknown;
 }
 
 Result<Opened> open(const std::vector<Path>& paths, const Progress& progress)

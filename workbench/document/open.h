@@ -35,9 +35,10 @@ struct OpenedImages {
 };
 
 /// Opens all images that paths name: of a folder every DICOM series directly inside it, ordered by study and number, or
-/// when there is none the first image; of several files each image, DICOM files among them sorted into series. One path
-/// that is a file is opened as open() does it. What is named twice is opened once. Fails only when there is nothing
-/// that could be opened. Otherwise as open().
+/// when there is none the first image, or when there is no image either every DICOM series in the folders inside it; of
+/// several files each image, DICOM files among them sorted into series. One path that is a file is opened as open()
+/// does it. What is named twice is opened once. Fails only when there is nothing that could be opened. Otherwise as
+/// open().
 Result<OpenedImages> open_all(const std::vector<std::filesystem::path>& paths, const Progress& progress = {});
 
 /// One DICOM series of a folder.

@@ -42,6 +42,28 @@ Paths each_once(Paths paths)
     return paths;
 }
 
+// A folder's table of contents, which every medium has.
+bool is_directory_file(const Path& path)
+{
+    return path.filename() == "DICOMDIR";
+}
+
+// A patient's medium has its series in folders inside folders.
+Paths dicom_below(const Path& folder, const Progress& progress)
+{
+    Paths found;
+    std::error_code error;
+    constexpr auto options = std::filesystem::directory_options::skip_permission_denied;
+    for (std::filesystem::recursive_directory_iterator entry(folder, options, error), end;
+         !error && entry != end && !progress.stop(); entry.increment(error)) {
+        std::error_code unknown;
+        if (entry->is_regular_file(unknown) && !is_directory_file(entry->path()) && is_dicom(entry->path()))
+            found.push_back(entry->path());
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
 Result<Wanted> wanted_of(const Paths& paths, const Progress& progress)
 {
     Wanted wanted;
@@ -52,11 +74,13 @@ Result<Wanted> wanted_of(const Paths& paths, const Progress& progress)
             (paths.size() > 1 && is_dicom(path) ? dicom : wanted.others).push_back(path);
             continue;
         }
-        const auto files = files_in(path);
+        auto files = files_in(path);
         if (!files)
             return files.failure();
-        const auto is_in = [](const Path& file) { return is_dicom(file); };
-        if (std::none_of(files->begin(), files->end(), is_in))
+        std::erase_if(*files, is_directory_file);
+        if (std::ranges::none_of(*files, is_image))
+            *files = dicom_below(path, progress);
+        if (std::ranges::none_of(*files, is_dicom))
             wanted.others.push_back(path);
         else
             dicom.insert(dicom.end(), files->begin(), files->end());

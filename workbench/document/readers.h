@@ -30,6 +30,9 @@ Progress part_of(const Progress& whole, double begin, double end);
 
 bool is_dicom(const std::filesystem::path& path);
 
+/// Whether the content of a file is an image of a kind that is read.
+bool is_image(const std::filesystem::path& path);
+
 /// What the content of a file is.
 Format format_of(const InputFile& file);
 

@@ -302,6 +302,28 @@ TEST(OpenAll, WhatCannotBeReadKeepsNothingElseAway)
     EXPECT_NE(opened->unreadable[0].find("\"b\""), std::string::npos) << opened->unreadable[0];
 }
 
+TEST(OpenAll, OfAFolderThatHoldsFoldersTheirSeriesAreOpened)
+{
+    const Folder folder;
+    std::filesystem::create_directories(folder / "patient" / "second");
+    Dicom second;
+    second.series_uid = "1.2.4";
+    write_series(folder, {}, {0, 1}, "patient/");
+    write_series(folder, second, {0, 1}, "patient/second/");
+    write_dicom(folder / "DICOMDIR", {});
+    write_file(folder / "readme.txt", "no image");
+    const auto opened = document::open_all({folder.path()});
+    ASSERT_TRUE(opened) << opened.failure().message;
+    ASSERT_EQ(opened->images.size(), 2u);
+    EXPECT_EQ(opened->images[0].volume.frame_count(), 2);
+    EXPECT_TRUE(opened->unreadable.empty());
+
+    write_series(folder, second, {0, 1}, "a");
+    const auto direct = document::open_all({folder.path()});
+    ASSERT_TRUE(direct) << direct.failure().message;
+    EXPECT_EQ(direct->images.size(), 1u) << "what lies in it comes first, and alone";
+}
+
 TEST(OpenAll, FilesOfSeveralSeriesAreSortedIntoThem)
 {
     const Folder folder;
