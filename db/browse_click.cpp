@@ -16,13 +16,7 @@ namespace {
 
 constexpr int shift_key = 16;
 constexpr int control_key = 17;
-constexpr int above_first_line = 9; // pixels
 constexpr unsigned short marks = DB_List::partly_selected | DB_List::selected;
-
-int line_at(const List_Point& point)
-{
-    return (point.y - above_first_line) / db::line_height;
-}
 
 void begin_drag(const Boxs& list_box, const List_Point& point)
 {
@@ -30,7 +24,7 @@ void begin_drag(const Boxs& list_box, const List_Point& point)
     drag.begun_in = &list_box;
     drag.start = drag.current = point;
     if (!getkey(shift_key))
-        drag.anchor_line = line_at(point);
+        drag.anchor_line = db::line_at(point);
 }
 
 void show_or_hide_below(Tool_DB_List& panel, DB_List& row)
@@ -43,7 +37,7 @@ void show_or_hide_below(Tool_DB_List& panel, DB_List& row)
 
 void press(Tool_DB_List& panel, const List_Point& point)
 {
-    const int line = line_at(point);
+    const int line = db::line_at(point);
     if (line >= 0 && line < panel.nb) {
         const int row = db::row_on_line(line, panel.nb, panel.list_pt);
         if (row < 0)
@@ -105,7 +99,7 @@ int DB_2D_Class_List_Click(Tool_DB_List* panel, int up_down)
     if (!drag.going_on)
         return 0;
     drag.going_on = false;
-    drag.end_line = line_at(point);
+    drag.end_line = db::line_at(point);
     db::erase_drag(panel->list_box);
     return 1;
 }

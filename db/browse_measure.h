@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db/db_list.h"
+#include "db/drag.h"
 
 namespace db {
 
@@ -38,6 +39,14 @@ constexpr int most_columns = 100;
 constexpr int deepest_level = 99;
 
 constexpr int line_height = 18;
+
+/// The line at a place; lines need not be there.
+constexpr int line_at(const List_Point& place)
+{
+    constexpr int above_first_line = 9; // pixels
+    return (place.y - above_first_line) / line_height;
+}
+
 constexpr int indent = 20;
 
 }

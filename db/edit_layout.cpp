@@ -80,14 +80,14 @@ int row_in_diagram(int line, int level, int nb, const DB_List* list)
     return found >= 0 && place(found) == wanted ? found : -1;
 }
 
-int hit_in_diagram(const List_Point& place, int nb, const DB_List* list)
+std::optional<int> find_in_diagram(const List_Point& place, int nb, const DB_List* list)
 {
     constexpr int reach = 10, handle_reach = 11, above_box = 5; // pixels
     const int column = (place.x + handle_radius) / column_width;
     const int line = (place.y - above_box) / diagram_line_height;
     const int found = row_in_diagram(line, column, nb, list);
     if (found < 0)
-        return 0;
+        return {};
     const DB_List& row = list[found];
     const int x = place.x - column_width * column;
     const int y = place.y - diagram_line_height * line;
@@ -95,11 +95,12 @@ int hit_in_diagram(const List_Point& place, int nb, const DB_List* list)
         if (std::abs(x - box_width) <= reach && has_children_handle(row))
             return hit_code(found, children_handle);
         if (std::abs(x - fold_handle_x) <= reach)
-            return has_fold_handle(row) ? hit_code(found, fold_handle) : 0;
+            return has_fold_handle(row) ? std::optional(hit_code(found, fold_handle)) : std::nullopt;
         if (std::abs(x) <= reach && found != 0)
             return hit_code(found, parent_handle);
     }
-    return y <= box_top + box_height && x <= box_width ? hit_code(found, box_body) : 0;
+    const bool in_box = y <= box_top + box_height && x <= box_width;
+    return in_box ? std::optional(hit_code(found, box_body)) : std::nullopt;
 }
 
 }

@@ -3,6 +3,8 @@
 #include "db/db_list.h"
 #include "db/drag.h"
 
+#include <optional>
+
 /// The diagram of a class tree: each row in the column of its level, a first child beside its parent, its siblings
 /// below. Where everything is, in list coordinates.
 namespace db {
@@ -58,7 +60,13 @@ Diagram_Size number_diagram(int nb, DB_List* list);
 /// The row in a line and column; -1 when there is none. The lines are numbered.
 int row_in_diagram(int line, int level, int nb, const DB_List* list);
 
-/// The hit code of a place. The lines are numbered.
-int hit_in_diagram(const List_Point& place, int nb, const DB_List* list);
+/// The hit code of a place; nothing where there is nothing. The lines are numbered.
+std::optional<int> find_in_diagram(const List_Point& place, int nb, const DB_List* list);
+
+/// The same as handlers pass it on: 0 also for nothing.
+inline int hit_in_diagram(const List_Point& place, int nb, const DB_List* list)
+{
+    return find_in_diagram(place, nb, list).value_or(0);
+}
 
 }

@@ -94,6 +94,9 @@ public:
     /// The pointer in list coordinates.
     db::List_Point Pointer() const;
 
+    /// The row that the pointer is on, in the list or with any part in the diagram; -1 for none.
+    int Row_Under_Pointer() const;
+
     /// How wide the list is, measured when its rows are others. Needs Y_DC.
     int List_Width(const db::Row_Fonts& fonts, int space);
 

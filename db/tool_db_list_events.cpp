@@ -1,4 +1,5 @@
 #include "db/browse_view.h"
+#include "db/edit_layout.h"
 #include "db/edit_view.h"
 #include "db/tool_db_list.h"
 #include "frame/change_flags.h"
@@ -57,6 +58,16 @@ List_Point Tool_DB_List::Origin() const
 List_Point Tool_DB_List::Pointer() const
 {
     return db::list_pointer(list_box, Origin());
+}
+
+int Tool_DB_List::Row_Under_Pointer() const
+{
+    if (!list_box.window || !list_box.Pointer_Inside())
+        return -1;
+    if (!Edits())
+        return db::row_on_line(db::line_at(Pointer()), nb, list_pt);
+    const auto hit = db::find_in_diagram(Pointer(), nb, list_pt);
+    return hit ? db::row_of_hit(*hit) : -1;
 }
 
 // ---------------------------------------------------------------------------------------------------------- clicks

@@ -26,6 +26,20 @@ bool is_modified(const Strato* object)
 class DatabaseEdit : public Database_Diagram {
 protected:
     static constexpr const char* untouched = "root(x(a(one two three)) y(four))";
+
+    // The words and the redraws that a diagram of some dimension sends for what is done in it.
+    template <class Act>
+    std::pair<Words, unsigned long long> told_by(int mode, const Act& act)
+    {
+        hostkit::Panel_Slot<Tool_DB_Class> slot(main_window(), {}, int(mode));
+        MoveWindow(slot.window(), 0, 0, 780, 500, TRUE);
+        slot.panel().Update(0x400);
+        broadcasts();
+        unsigned long long redrawn = 0;
+        const auto redraws = hostkit::On_Redraw([&](unsigned long long mask) { redrawn |= mask; });
+        act(slot.window(), slot.panel().Origin());
+        return {broadcasts(), redrawn};
+    }
 };
 
 // -------------------------------------------------------------------------------------------------------- dragging
@@ -262,17 +276,10 @@ TEST_F(DatabaseEdit, OtherDimensionsHaveWordsOfTheirOwn)
 {
     // In trees of four: from the last one, on line 1, to the first child of the root.
     const auto move_last = [&](int mode) {
-        hostkit::Panel_Slot<Tool_DB_Class> slot(main_window(), {}, int(mode));
-        MoveWindow(slot.window(), 0, 0, 780, 500, TRUE);
-        slot.panel().Update(0x400);
-        broadcasts();
-        unsigned long long redrawn = 0;
-        const auto redraws = hostkit::On_Redraw([&](unsigned long long mask) { redrawn |= mask; });
-        const auto origin = slot.panel().Origin();
-        const Place from{origin.x + 330, origin.y - 50 - 30}, to{origin.x + 330 + 250, origin.y - 30};
-        press(slot.window(), from);
-        release(slot.window(), to);
-        return std::pair(broadcasts(), redrawn);
+        return told_by(mode, [](HWND diagram, db::List_Point origin) {
+            press(diagram, {origin.x + 330, origin.y - 50 - 30});
+            release(diagram, {origin.x + 330 + 250, origin.y - 30});
+        });
     };
     Strato_1D* const signals = hostkit::Root_1D();
     Strato_1D* const first = hostkit::Object_1D_Add(signals, {.name = "first"});
@@ -292,16 +299,10 @@ TEST_F(DatabaseEdit, OtherDimensionsHaveWordsOfTheirOwn)
 TEST_F(DatabaseEdit, DeletingInOtherDimensionsHasThemToo)
 {
     const auto delete_first = [&](int mode) {
-        hostkit::Panel_Slot<Tool_DB_Class> slot(main_window(), {}, int(mode));
-        MoveWindow(slot.window(), 0, 0, 780, 500, TRUE);
-        slot.panel().Update(0x400);
-        broadcasts();
-        unsigned long long redrawn = 0;
-        const auto redraws = hostkit::On_Redraw([&](unsigned long long mask) { redrawn |= mask; });
-        const auto origin = slot.panel().Origin();
-        move(slot.window(), {origin.x + 330 + 125, origin.y - 30});
-        key(slot.window(), VK_DELETE);
-        return std::pair(broadcasts(), redrawn);
+        return told_by(mode, [](HWND diagram, db::List_Point origin) {
+            move(diagram, {origin.x + 330 + 125, origin.y - 30});
+            key(diagram, VK_DELETE);
+        });
     };
     Strato_1D* const signals = hostkit::Root_1D();
     Strato_1D* const inner = hostkit::Object_1D_Add(hostkit::Object_1D_Add(signals, {.name = "first"}), {});
@@ -317,6 +318,19 @@ TEST_F(DatabaseEdit, DeletingInOtherDimensionsHasThemToo)
     EXPECT_EQ(delete_first(19), std::pair(Words{0x404}, 0x33FFFFFF00000000ull));
     EXPECT_EQ(core->Parent_Get_Pt(), volumes);
     EXPECT_TRUE(is_modified(volumes));
+}
+
+TEST_F(DatabaseEdit, RowUnderThePointerIsThatOfAnyPart)
+{
+    const auto row_at = [&](Place place) {
+        point(window(), place);
+        return panel().Row_Under_Pointer();
+    };
+    EXPECT_EQ(row_at(body(root)), 0);
+    EXPECT_EQ(row_at(empty_space()), -1) << "which the root's code stands for as well";
+    for (const auto of : {box_body, parent_handle, children_handle, fold_handle})
+        EXPECT_EQ(row_at(part(series_a, of)), row_of(series_a));
+    EXPECT_EQ(row_at({panel().box.x + 2, panel().box.y + 2}), -1);
 }
 
 TEST_F(DatabaseEdit, HandlersTraceFirst)

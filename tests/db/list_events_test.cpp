@@ -20,6 +20,19 @@ TEST_F(DatabaseEvents, LeadFoldsAndUnfolds)
     EXPECT_EQ(lines(), (Numbers{0, 1, 2, 3, 4, 5, 6}));
 }
 
+TEST_F(DatabaseEvents, RowUnderThePointerIsThatOfTheLine)
+{
+    press(on_line(1, 1)); // three rows are hidden
+    const auto row_at = [&](Place place) {
+        point(main_window(), place);
+        return panel.Row_Under_Pointer();
+    };
+    EXPECT_EQ(row_at(on_line(0)), 0);
+    EXPECT_EQ(row_at(on_line(2)), 5);
+    EXPECT_EQ(row_at(on_line(4)), -1);
+    EXPECT_EQ(row_at({500, 500}), -1);
+}
+
 TEST_F(DatabaseEvents, LeadOfALeafBeginsADrag)
 {
     press(on_line(2, 2));

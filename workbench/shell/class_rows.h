@@ -10,9 +10,6 @@ class Strato;
 
 namespace workbench {
 
-/// The row of the class that the pointer is on, in a list or a diagram; -1 for none.
-int rowUnderPointer(Tool_DB_Class& panel);
-
 /// The object of a row.
 Strato* objectOf(const Tool_DB_Class& panel, int row);
 

@@ -51,13 +51,13 @@ std::vector<hostkit::Panel_Window*> ClassTrees::hosts() const
 void ClassTrees::choose(int dimension)
 {
     Tool_DB_Class& clicked = panel(dimension);
-    if (const int row = rowUnderPointer(clicked); row >= 0)
+    if (const int row = clicked.Row_Under_Pointer(); row >= 0)
         chosen_[static_cast<std::size_t>(dimension - 1)] = objectOf(clicked, row);
 }
 
 Strato* ClassTrees::chosen() const
 {
-    const int row = panel().Edits() ? rowUnderPointer(panel()) : -1;
+    const int row = panel().Edits() ? panel().Row_Under_Pointer() : -1;
     return row >= 0 ? objectOf(panel(), row) : chosen_[static_cast<std::size_t>(dimension_ - 1)];
 }
 
